@@ -1,0 +1,320 @@
+// The events to the console itself: the tree, the result pane, the menus and the verbs.
+
+#include <algorithm>
+
+#include "console/node_types.h"
+#include "hosts/console/console_session.h"
+#include "hosts/console/node_data.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+
+namespace qv {
+
+namespace {
+
+using Kind = TreeNode::Kind;
+
+// Collects what the extension adds to a context menu.
+class MenuItems : public ContextMenu {
+ public:
+  explicit MenuItems(std::vector<MMCMenu>& items) : items_(items) {}
+  void AddMenu(const MMCMenu& group) override {
+    std::copy_if(group.Children.begin(), group.Children.end(), std::back_inserter(items_),
+                 [](const MMCMenu& item) { return item.Visible; });
+  }
+
+ private:
+  std::vector<MMCMenu>& items_;
+};
+
+class VerbSwitches : public ConsoleVerbs {
+ public:
+  void Enable(Verb verb, bool enabled) override {
+    if (verb == Verb::Delete) states.delete_rows = enabled;
+    if (verb == Verb::Properties) states.properties = enabled;
+    if (verb == Verb::Refresh) states.refresh = enabled;
+  }
+  VerbStates states;
+};
+
+Verb VerbOf(const std::string& name) {
+  if (name == "delete") return Verb::Delete;
+  if (name == "properties") return Verb::Properties;
+  if (name == "refresh") return Verb::Refresh;
+  throw EventError("There is no verb \"" + name + "\".");
+}
+
+bool IsOn(const VerbStates& verbs, Verb verb) {
+  return verb == Verb::Delete ? verbs.delete_rows : verb == Verb::Properties ? verbs.properties : verbs.refresh;
+}
+
+}  // namespace
+
+Action ConsoleSession::ReadConsoleEvent(const std::string& what, const Event& event) {
+  if (what == "expand") {
+    TreeNode& node = WantedNode(event);
+    return [this, &node] { Expand(node); };
+  }
+  if (what == "collapse") {
+    TreeNode& node = WantedNode(event);
+    return [this, &node] { Collapse(node); };
+  }
+  if (what == "select") {
+    TreeNode& node = WantedNode(event);
+    return [this, &node] { SelectNode(node); };
+  }
+  if (what == "menu") return ReadMenu(event);
+  if (what == "choose") return ReadChoice(event);
+  if (what == "verb") return ReadVerb(event);
+
+  const bool of_pane = what == "selectItems" || what == "doubleClick" || what == "sort" || what == "scroll";
+  if (!of_pane) throw EventError("There is no event \"" + what + "\" that could be taken now.");
+  if (!pane_) throw EventError("No result pane is shown.");
+  if (what == "selectItems") {
+    const std::vector<std::string> keys = event.Texts("keys");
+    for (const std::string& key : keys) WantedRow(key);
+    return [this, keys] {
+      pane_->SelectRows(keys);
+      target_ = Target::Rows;
+      verbs_ = VerbsOf(target_);
+    };
+  }
+  if (what == "doubleClick") {
+    const std::string key = WantedRow(event.Text("item")).Key;
+    return [this, key] { OpenRow(key); };
+  }
+  if (what == "sort") {
+    const long column = event.Number("column");
+    if (column < 0 || column >= static_cast<long>(pane_->ResultView->ListView.Columns.size())) {
+      throw EventError("There is no column " + std::to_string(column) + ".");
+    }
+    return [this, column] {
+      pane_->SortBy(static_cast<int>(column), [this](const ResultView& view, const ListItem& first,
+                                                     const ListItem& second, int at) {
+        return CompareRows(view, first, second, at);
+      });
+    };
+  }
+  const long offset = event.Number("offset");
+  if (offset < 0) throw EventError("The offset counts from 0.");
+  return [this, offset] { pane_->ScrollTo(static_cast<std::size_t>(offset)); };
+}
+
+// --- the tree ---
+
+TreeNode& ConsoleSession::WantedNode(const Event& event) {
+  const std::string id = event.Text("node");
+  TreeNode* node = tree_.Find(id);
+  if (!node) throw EventError("There is no node \"" + id + "\".");
+  return *node;
+}
+
+void ConsoleSession::Expand(TreeNode& node) {
+  node.expanded = node.expandable;
+  switch (node.kind) {
+    case Kind::Server: {
+      tree_.AddPostofficesBranch(node);
+      const std::string before = run_->ServerHost;
+      filtering_->ExtensionSnapIn_Expand(NodeData("SERVER_NAME", node.server), node.scope);
+      // The lists are of the current server, so the one that is open follows it.
+      if (OnExtension() && run_->ServerHost != before) BuildPane();
+      break;
+    }
+    case Kind::Postoffices:
+      ReloadPostoffices(node);
+      break;
+    case Kind::Postoffice:
+      filtering_->ExtensionSnapIn_Expand(NodeData("POSTOFFICE_NAME", node.postoffice), node.scope);
+      break;
+    case Kind::Extension:
+      filtering_->ScopeItems_Expand(node.scope);
+      break;
+    case Kind::Root:
+      break;
+  }
+}
+
+void ConsoleSession::Collapse(TreeNode& node) {
+  node.expanded = false;
+  if (pane_ && StandsBelow(pane_->node(), node)) SelectNode(node);
+}
+
+void ConsoleSession::ReloadPostoffices(TreeNode& branch) {
+  const std::vector<std::string> names = servers_.PostofficeNames(branch.server);
+  const bool shows_one = pane_ && pane_->node().parent == &branch;
+  if (shows_one && std::find(names.begin(), names.end(), pane_->node().postoffice) == names.end()) SelectNode(branch);
+  tree_.SetPostoffices(branch, names);
+}
+
+void ConsoleSession::SelectNode(TreeNode& node) {
+  pane_before_ = std::move(pane_);
+  pane_ = std::make_unique<ResultPane>(node, [this] { BuildPane(); });
+  target_ = Target::Node;
+  BuildPane();
+}
+
+// --- the result pane ---
+
+ListItem& ConsoleSession::WantedRow(const std::string& key) {
+  ListItem* row = pane_->FindRow(key);
+  if (!row) throw EventError("There is no row \"" + key + "\" in the pane.");
+  return *row;
+}
+
+void ConsoleSession::BuildPane() {
+  ResultPane& pane = *pane_;
+  const TreeNode& node = pane.node();
+  const bool extension = OnExtension();
+  ResultView& view = pane.Restart(extension ? run_->ServerHost : node.server);
+  try {
+    if (extension) {
+      const NodeType* type = FindNodeType(node.scope.Name);
+      const ViewType* list = FindViewType(type->view);
+      view.ListView.Name = list->name;
+      view.ListView.Tag = list->tag;
+      view.ListView.Columns = list->columns;
+      filtering_->ResultViews_Initialize(view);
+    } else {
+      FillOwnPane(view);
+    }
+  } catch (const RuntimeError& error) {
+    ConsoleMsgBox(error.description(), "", MessageIcon::None, MessageButtons::Ok);
+  }
+  pane.TakeRows([this](const ResultView& of, const ListItem& first, const ListItem& second, int column) {
+    return CompareRows(of, first, second, column);
+  });
+  verbs_ = VerbsOf(target_);
+}
+
+// The panes of the console's own nodes: a postoffice lists its mailboxes, any other node the nodes below it.
+void ConsoleSession::FillOwnPane(ResultView& view) {
+  TreeNode& node = pane_->node();
+  const auto add = [&view](const std::string& key, const std::string& name, const std::string& icon) {
+    ListItem& item = view.ListView.ListItems.Add(key, name, icon);
+    item.Tag = key;
+    item.SubItems = {{"1" + key, name}};
+  };
+  if (node.kind == Kind::Postoffice) {
+    view.ListView.Name = "lvwMailboxes";
+    view.ListView.Tag = "mailbox";
+    view.ListView.Columns = {{"t1", "Mailbox", 300}};
+    for (const std::string& name : servers_.MailboxNames(node.server, node.postoffice)) {
+      add("MAILBOX-" + name, name, "105");
+    }
+    return;
+  }
+  view.ListView.Name = node.kind == Kind::Postoffices ? "lvwPostoffices" : "lvwNodes";
+  view.ListView.Tag = "node";
+  view.ListView.Columns = {{"t1", "Name", 300}};
+  if (node.kind == Kind::Postoffices) ReloadPostoffices(node);
+  for (const auto& child : node.children) add(child->id, child->caption(), std::to_string(child->image));
+}
+
+int ConsoleSession::CompareRows(const ResultView& view, const ListItem& first, const ListItem& second, int column) {
+  int result = 0;
+  filtering_->ResultViews_CompareItems(view, SortItem{nullptr, &first}, SortItem{nullptr, &second}, column, result);
+  return result;
+}
+
+void ConsoleSession::OpenRow(const std::string& key) {
+  pane_->SelectRows({key});
+  target_ = Target::Rows;
+  verbs_ = VerbsOf(target_);
+  if (OnExtension()) {
+    filtering_->ResultViews_ListItemDblClick(*pane_->ResultView, *pane_->FindRow(key));
+  } else if (TreeNode* node = tree_.Find(key)) {
+    pane_->node().expanded = true;
+    SelectNode(*node);
+  } else {
+    OpenProperties(Target::Rows);
+  }
+}
+
+Selection ConsoleSession::SelectionOf(Target target) {
+  Selection selection;
+  if (target == Target::Rows) {
+    selection.SelectionType = Selection::kListItems;
+    selection.ListItems = pane_->SelectedRows();
+  } else {
+    selection.SelectionType = Selection::kScopeItem;
+    selection.ScopeItems = {&pane_->node().scope};
+  }
+  return selection;
+}
+
+VerbStates ConsoleSession::VerbsOf(Target target) {
+  VerbSwitches verbs;
+  if (OnExtension()) {
+    filtering_->Views_Select(PresentView(), SelectionOf(target), true, verbs);
+    return verbs.states;
+  }
+  const bool of_mailbox = pane_->node().kind == Kind::Postoffice;
+  verbs.states.refresh = true;
+  verbs.states.properties = of_mailbox && (target == Target::Node || pane_->SelectedRows().size() == 1);
+  return verbs.states;
+}
+
+// --- menus and verbs ---
+
+Action ConsoleSession::ReadMenu(const Event& event) {
+  const std::string on = event.Text("on");
+  if (on != "node" && on != "items") throw EventError("A menu opens on \"node\" or on \"items\".");
+  if (!pane_) throw EventError("No node is selected.");
+  const Target target = on == "items" ? Target::Rows : Target::Node;
+  if (target == Target::Rows && pane_->SelectedRows().empty()) throw EventError("No rows are selected.");
+  return [this, target] {
+    OpenMenu menu;
+    menu.on_rows = target == Target::Rows;
+    menu.verbs = VerbsOf(target);
+    if (OnExtension()) {
+      const Selection selection = SelectionOf(target);
+      MenuItems new_items(menu.new_items), top_items(menu.top_items);
+      filtering_->Views_AddNewMenuItems(selection, new_items);
+      filtering_->Views_AddTopMenuItems(PresentView(), selection, top_items);
+    }
+    menu_ = std::move(menu);
+  };
+}
+
+Action ConsoleSession::ReadChoice(const Event& event) {
+  if (!menu_) throw EventError("No menu is open.");
+  const std::string name = event.Text("name");
+  for (const auto* items : {&menu_->new_items, &menu_->top_items}) {
+    for (const MMCMenu& item : *items) {
+      if (item.Name != name) continue;
+      if (!item.Enabled || item.Grayed) throw EventError("The menu item \"" + name + "\" is disabled.");
+      return [this, click = item.Click, target = menu_->on_rows ? Target::Rows : Target::Node] {
+        menu_.reset();
+        if (click) click(0, SelectionOf(target));
+      };
+    }
+  }
+  throw EventError("The menu has no item \"" + name + "\".");
+}
+
+Action ConsoleSession::ReadVerb(const Event& event) {
+  const std::string name = event.Text("name");
+  const Verb verb = VerbOf(name);
+  // Out of an open menu a verb is meant for what the menu was opened on.
+  const VerbStates& verbs = menu_ ? menu_->verbs : verbs_;
+  if (!pane_ || !IsOn(verbs, verb)) throw EventError("The verb \"" + name + "\" is not enabled.");
+  const Target target = !menu_ ? target_ : menu_->on_rows ? Target::Rows : Target::Node;
+  return [this, verb, target] {
+    menu_.reset();
+    PerformVerb(verb, target);
+  };
+}
+
+void ConsoleSession::PerformVerb(Verb verb, Target target) {
+  if (verb == Verb::Properties) {
+    OpenProperties(target);
+  } else if (!OnExtension()) {
+    BuildPane();
+  } else if (verb == Verb::Delete) {
+    filtering_->Views_Delete(PresentView(), SelectionOf(target));
+  } else {
+    filtering_->Views_Refresh(PresentView(), SelectionOf(target));
+  }
+}
+
+}  // namespace qv

@@ -1,0 +1,23 @@
+#include <unistd.h>
+
+#include <csignal>
+#include <ostream>
+
+#include "hosts/console/session.h"
+#include "hosts/web/web_server.h"
+#include "store/servers.h"
+
+namespace qv {
+
+int RunWeb(Servers& servers, const WebOptions& options, std::ostream& out) {
+  // A reader of the output that goes away must not take the sessions along.
+  std::signal(SIGPIPE, SIG_IGN);
+  WebServer server([&servers](Carrier& carrier) { RunSession(servers, carrier); },
+                   [&servers] { return servers.MakeFiles(); }, EmbeddedAssets(), options, out);
+  server.MindSignals();
+  if (isatty(STDIN_FILENO)) server.MindTerminal(STDIN_FILENO);
+  server.Run();
+  return 0;
+}
+
+}  // namespace qv

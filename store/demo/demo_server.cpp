@@ -1,0 +1,9 @@
+#include "store/demo/demo_server.h"
+
+#include "store/demo/demo_servers.h"
+
+namespace qv {
+
+DemoServer MakeDemoServer(int variant) { return variant == 2 ? MakeLakesideServer() : MakeHarbourServer(); }
+
+}  // namespace qv

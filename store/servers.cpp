@@ -1,0 +1,92 @@
+#include "store/servers.h"
+
+#include <utility>
+
+#include "desktop/desktop_files.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "store/database.h"
+#include "store/postoffices.h"
+#include "store/records.h"
+#include "store/registry_values.h"
+
+namespace qv {
+
+namespace {
+
+class StoredComponents : public Components {
+ public:
+  explicit StoredComponents(Servers& servers) : servers_(servers) {}
+  std::unique_ptr<Filter> CreateFilter() override { return MakeFilter(servers_); }
+  std::unique_ptr<Criteria> CreateCriteria() override { return MakeCriteria(servers_); }
+  std::unique_ptr<Task> CreateTask() override { return MakeTask(servers_); }
+  std::unique_ptr<Postoffice> CreatePostoffice() override { return MakePostoffice(servers_); }
+  std::unique_ptr<Setting> CreateSetting() override { return MakeSetting(servers_); }
+  std::unique_ptr<Option> CreateOption() override { return MakeOption(servers_); }
+
+ private:
+  Servers& servers_;
+};
+
+class StoredRegistry : public Registry {
+ public:
+  explicit StoredRegistry(Database& database) : database_(database) {}
+  std::optional<RegistryValue> Read(const std::string& key, const std::string& value_name) override {
+    return ReadRegistryValue(database_, key, value_name);
+  }
+  void Write(const std::string& key, const std::string& value_name, const RegistryValue& value) override {
+    WriteRegistryValue(database_, key, value_name, value);
+  }
+
+ private:
+  Database& database_;
+};
+
+bool Local(const std::string& host) { return host.empty() || UpperCase(host) == "LOCALHOST"; }
+
+}  // namespace
+
+struct Servers::Server {
+  Database database;
+
+  explicit Server(const std::filesystem::path& directory) : database(DatabaseFile(directory)) {}
+};
+
+Servers::Servers(const std::filesystem::path& local_directory) : local_(std::make_unique<Server>(local_directory)) {}
+
+Servers::~Servers() = default;
+
+void Servers::Add(const std::string& name, const std::filesystem::path& directory) {
+  if (name.empty()) throw RuntimeError("A server needs a name.");
+  if (Local(name)) throw RuntimeError("The name '" + name + "' is the local server's.");
+  for (const auto& [taken, server] : others_) {
+    if (UpperCase(taken) == UpperCase(name)) throw RuntimeError("There is a server '" + taken + "' already.");
+  }
+  others_.emplace_back(name, std::make_unique<Server>(directory));
+}
+
+std::vector<std::string> Servers::Names() const {
+  std::vector<std::string> names = {"LOCALHOST"};
+  for (const auto& [name, server] : others_) names.push_back(name);
+  return names;
+}
+
+Database& Servers::Of(const std::string& host) {
+  if (Local(host)) return local_->database;
+  for (const auto& [name, server] : others_) {
+    if (UpperCase(name) == UpperCase(host)) return server->database;
+  }
+  throw RuntimeError("The server '" + host + "' is not known.");
+}
+
+std::unique_ptr<Components> Servers::MakeComponents() { return std::make_unique<StoredComponents>(*this); }
+std::unique_ptr<Registry> Servers::MakeRegistry() { return std::make_unique<StoredRegistry>(local_->database); }
+std::unique_ptr<Files> Servers::MakeFiles() { return std::make_unique<DesktopFiles>(MakeRegistry()); }
+
+std::vector<std::string> Servers::PostofficeNames(const std::string& host) { return PostofficeNamesOf(Of(host)); }
+
+std::vector<std::string> Servers::MailboxNames(const std::string& host, const std::string& postoffice) {
+  return MailboxNamesOf(Of(host), postoffice);
+}
+
+}  // namespace qv

@@ -1,0 +1,86 @@
+#include <memory>
+
+#include "criteria/flag_dialogs.h"
+#include "criteria/importance_dialog.h"
+#include "tests/criteria/criteria_test.h"
+
+namespace qv::test {
+namespace {
+
+// A criteria object that tells its fields at each operation.
+class ToldCriteria : public Criteria {
+ public:
+  explicit ToldCriteria(Texts& told) : told_(told) {}
+  void SetHost() override { Tell("SetHost"); }
+  int GetCriteria() override {
+    Tell("GetCriteria");
+    CriteriaID = "id read";
+    RuleID = "rule read";
+    Values = "values read";
+    Status = 1;
+    CriteriaType = "type read";
+    Description = "description read";
+    Frequency = 9;
+    return 1;
+  }
+  int EditCriteria(const std::string& rule_id, int status, const std::string& unused, const std::string& criteria_type,
+                   const std::string& description, const std::string& values, int frequency) override {
+    Tell("EditCriteria");
+    told_.push_back(rule_id + "|" + std::to_string(status) + "|" + unused + "|" + criteria_type + "|" + description +
+                    "|" + values + "|" + std::to_string(frequency));
+    return 1;
+  }
+  int FindFirstCriteria() override { return 0; }
+  int FindNextCriteria() override { return 0; }
+  int AddCriteria() override { return 0; }
+
+ private:
+  void Tell(const std::string& operation) {
+    told_.push_back(operation + " " + Host + "|" + CriteriaID + "|" + RuleID + "|" + Values + "|" +
+                    std::to_string(Status) + "|" + CriteriaType + "|" + Description + "|" + std::to_string(Frequency) +
+                    "|" + Postoffice + "|" + Mailbox);
+  }
+  Texts& told_;
+};
+
+struct ToldStore : MemoryStore {
+  Texts told;
+  std::unique_ptr<Criteria> CreateCriteria() override {
+    told.push_back("Create");
+    return std::make_unique<ToldCriteria>(told);
+  }
+};
+
+struct StoreTemplate : ::testing::Test, TestRun {
+  ToldStore told_store;
+  Run told_run{Platform{desktop, registry, files, guids, scripts, told_store}};
+};
+
+// Host | CriteriaID | RuleID | Values | Status | CriteriaType | Description | Frequency | Postoffice | Mailbox.
+TEST_F(StoreTemplate, OfADialogOfTheFrame) {
+  auto& dialog = told_run.The<frmCriteriaContainsVirus>();
+  dialog.CriteriaID = "id";
+  dialog.RuleID = "15";
+  dialog.Values = dialog.CriteriaType = dialog.Description = "left from the last use";
+  dialog.Mailbox = "m";
+  dialog.Postoffice = "p";
+  dialog.Host = "h";
+  dialog.Status = 1;
+  desktop.Visit([](Form& form) { Person(form).Click("cmdOK"); });
+  EXPECT_EQ(dialog.SetCriteria(), 1);
+  EXPECT_EQ(told_store.told, Texts({"Create", "SetHost h||||-1|||-1||", "GetCriteria h|id|15||-1|||-1|p|m",  //
+                                    "Create", "SetHost h||||-1|||-1||", "EditCriteria h|id read|rule read||-1|||-1|p|m",
+                                    "rule read|1||type read|description read|values read|0"}));
+}
+
+TEST_F(StoreTemplate, OfTheImportanceDialog) {
+  auto& dialog = told_run.The<frmCriteriaImportance>();
+  desktop.Visit([](Form& form) { Person(form).Click("cmdOK"); });
+  EXPECT_EQ(dialog.SetImportance("id", "6", "p", "m"), 1);
+  EXPECT_EQ(told_store.told, Texts({"Create", "SetHost ||||-1|||-1||", "GetCriteria |id|6||-1|||-1|p|m",  //
+                                    "Create", "SetHost ||||-1|||-1||", "EditCriteria |id read|rule read||-1|||-1|p|m",
+                                    "rule read|1||type read|description read|Low|0"}));
+}
+
+}  // namespace
+}  // namespace qv::test
