@@ -23,5 +23,6 @@ void AddPostofficeCommands(CLI::App& program);
 void AddMailboxCommands(CLI::App& program);
 void AddConsoleCommand(CLI::App& program, int& status);
 void AddServeCommand(CLI::App& program, int& status);
+void AddScriptCommands(CLI::App& program, int& status);
 
 }  // namespace qv

@@ -5,10 +5,6 @@
 
 #include "app/commands.h"
 
-#if __has_include("vbscript/script_command.h")
-#include "vbscript/script_command.h"
-#endif
-
 namespace {
 
 constexpr int kRefused = 1, kUsedWrongly = 2;
@@ -24,9 +20,7 @@ int Run(int argc, char** argv) {
   qv::AddDataCommands(program);
   qv::AddPostofficeCommands(program);
   qv::AddMailboxCommands(program);
-#if __has_include("vbscript/script_command.h")
   qv::AddScriptCommands(program, status);
-#endif
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

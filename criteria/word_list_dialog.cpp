@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "criteria/word_lists.h"
 #include "platform/text.h"

@@ -1,5 +1,7 @@
 #include "criteria/word_lists.h"
 
+#include <utility>
+
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 

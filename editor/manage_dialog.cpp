@@ -1,11 +1,9 @@
 #include "editor/manage_dialog.h"
 
+#include "editor/script_editor.h"
 #include "editor/script_files.h"
 #include "platform/text.h"
 #include "services/server_context.h"
-#if __has_include("editor/script_editor.h")
-#include "editor/script_editor.h"
-#endif
 
 namespace qv {
 
@@ -105,12 +103,10 @@ void frmManage::ShowRemoteWarning() {
 
 // The script's files are local, so the editor isn't told the host.
 void frmManage::cmdAdvancedScripting_Click() {
-#if __has_include("editor/script_editor.h")
   auto& editor = run_.The<frmScriptEditor>();
   editor.CriteriaID = id_;
   editor.Postoffice = postoffice_;
   editor.ShowModal();
-#endif
 }
 
 // A remote console can leave the dialog by its close box only.

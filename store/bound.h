@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/runtime_error.h"
@@ -27,6 +29,10 @@ class Bound : public RecordClass {
   Database* database_ = nullptr;
 };
 
+// Whether a field of a row fits that of a query template.
+inline bool Fits(const std::string& query, const std::string& field) { return query.empty() || query == field; }
+inline bool Fits(long long query, long long field) { return query == -1 || query == field; }
+
 // The rows that a FindFirst found, handed out one by one: what changes in the meantime does not shift them.
 template <class Row>
 class FoundRows {
@@ -35,7 +41,8 @@ class FoundRows {
     rows_ = std::move(rows);
     next_ = 0;
   }
-  const Row* Next() { return next_ < rows_.size() ? &rows_[next_++] : nullptr; }
+  // A row that may be moved from, or null.
+  Row* Next() { return next_ < rows_.size() ? &rows_[next_++] : nullptr; }
 
  private:
   std::vector<Row> rows_;

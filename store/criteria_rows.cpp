@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "store/bound.h"
 #include "store/connection.h"
 #include "store/database.h"
@@ -11,71 +13,71 @@ namespace {
 
 constexpr const char* kOwner = "Postoffice = ?1 AND Mailbox = ?2 AND CriteriaID = ?3";
 constexpr const char* kKey = " AND RuleID = ?4";
-constexpr const char* kAnyKey = " AND (?4 = '' OR RuleID = ?4)";
-constexpr const char* kTemplate =
-    " AND (?5 = '' OR CriteriaType = ?5) AND (?6 = '' OR Description = ?6) AND (?7 = -1 OR Status = ?7)"
-    " AND (?8 = '' OR \"Values\" = ?8) AND (?9 = -1 OR Frequency = ?9)";
 
-// A statement whose first nine parameters are a query template or a row.
-struct CriteriaStatement : Statement {
-  CriteriaRow query;
+// A statement whose first parameters are the rows' owner and perhaps a RuleID.
+struct OwnerStatement : Statement {
+  CriteriaRow key;
 
  protected:
-  explicit CriteriaStatement(soci::session& session) : Statement(session) {
-    Use(query.Postoffice);
-    Use(query.Mailbox);
-    Use(query.CriteriaID);
-    Use(query.RuleID);
-    Use(query.CriteriaType);
-    Use(query.Description);
-    Use(query.Status);
-    Use(query.Values);
-    Use(query.Frequency);
+  explicit OwnerStatement(soci::session& session) : Statement(session) {
+    Use(key.Postoffice);
+    Use(key.Mailbox);
+    Use(key.CriteriaID);
   }
 };
 
-struct SelectCriteria : CriteriaStatement {
+struct KeyStatement : OwnerStatement {
+ protected:
+  explicit KeyStatement(soci::session& session) : OwnerStatement(session) { Use(key.RuleID); }
+};
+
+template <class Base>
+struct SelectRows : Base {
   CriteriaRow row;
 
  protected:
-  SelectCriteria(soci::session& session, const std::string& rest) : CriteriaStatement(session) {
-    Into(row.CriteriaID);
-    Into(row.RuleID);
-    Into(row.CriteriaType);
-    Into(row.Description);
-    Into(row.Status);
-    Into(row.Values);
-    Into(row.Frequency);
-    Into(row.Postoffice);
-    Into(row.Mailbox);
-    Prepare(
-        "SELECT CriteriaID, RuleID, CriteriaType, Description, Status, \"Values\", Frequency, Postoffice, Mailbox"
-        " FROM criteria WHERE " +
+  SelectRows(soci::session& session, const std::string& rest) : Base(session) {
+    this->Into(row.CriteriaID);
+    this->Into(row.RuleID);
+    this->Into(row.CriteriaType);
+    this->Into(row.Description);
+    this->Into(row.Status);
+    this->Into(row.Values);
+    this->Into(row.Frequency);
+    this->Into(row.Postoffice);
+    this->Into(row.Mailbox);
+    this->Prepare(
+        "SELECT CriteriaID, RuleID, CriteriaType, Description, Status, \"Values\", Frequency, Postoffice, Mailbox FROM "
+        "criteria WHERE " +
         std::string(kOwner) + rest);
   }
 };
 
-struct ListCriteria : SelectCriteria {
-  explicit ListCriteria(soci::session& session)
-      : SelectCriteria(session, std::string(kAnyKey) + kTemplate + " ORDER BY id") {}
+struct ListCriteria : SelectRows<OwnerStatement> {
+  explicit ListCriteria(soci::session& session) : SelectRows(session, " ORDER BY id") {}
 };
 
-struct GetOneCriteria : SelectCriteria {
-  explicit GetOneCriteria(soci::session& session) : SelectCriteria(session, std::string(kKey) + kTemplate) {}
+struct GetOneCriteria : SelectRows<KeyStatement> {
+  explicit GetOneCriteria(soci::session& session) : SelectRows(session, kKey) {}
 };
 
-struct InsertCriteria : CriteriaStatement {
-  explicit InsertCriteria(soci::session& session) : CriteriaStatement(session) {
+struct InsertCriteria : KeyStatement {
+  explicit InsertCriteria(soci::session& session) : KeyStatement(session) {
+    Use(key.CriteriaType);
+    Use(key.Description);
+    Use(key.Status);
+    Use(key.Values);
+    Use(key.Frequency);
     Prepare(
         "INSERT INTO criteria (Postoffice, Mailbox, CriteriaID, RuleID, CriteriaType, Description, Status, \"Values\","
         " Frequency) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9) ON CONFLICT DO NOTHING");
   }
 };
 
-struct UpdateCriteria : CriteriaStatement {
+struct UpdateCriteria : KeyStatement {
   CriteriaRow row;
 
-  explicit UpdateCriteria(soci::session& session) : CriteriaStatement(session) {
+  explicit UpdateCriteria(soci::session& session) : KeyStatement(session) {
     Use(row.RuleID);
     Use(row.Status);
     Use(row.CriteriaType);
@@ -83,11 +85,24 @@ struct UpdateCriteria : CriteriaStatement {
     Use(row.Values);
     Use(row.Frequency);
     Prepare(
-        "UPDATE OR IGNORE criteria SET RuleID = ?10, Status = ?11, CriteriaType = ?12, Description = ?13,"
-        " \"Values\" = ?14, Frequency = ?15 WHERE " +
-        std::string(kOwner) + kKey + kTemplate);
+        "UPDATE OR IGNORE criteria SET RuleID = ?5, Status = ?6, CriteriaType = ?7, Description = ?8, \"Values\" = ?9,"
+        " Frequency = ?10 WHERE " +
+        std::string(kOwner) + kKey);
   }
 };
+
+bool Matches(const CriteriaRow& query, const CriteriaRow& row) {
+  return Fits(query.RuleID, row.RuleID) && Fits(query.CriteriaType, row.CriteriaType) &&
+         Fits(query.Description, row.Description) && Fits(query.Status, row.Status) && Fits(query.Values, row.Values) &&
+         Fits(query.Frequency, row.Frequency);
+}
+
+// The row of the query's key, if it matches the rest of the query; null otherwise.
+CriteriaRow* Find(Connection& connection, const CriteriaRow& query) {
+  auto& get = connection.The<GetOneCriteria>();
+  get.key = query;
+  return get.One() && Matches(query, get.row) ? &get.row : nullptr;
+}
 
 class StoredCriteria : public Bound<Criteria> {
  public:
@@ -95,29 +110,31 @@ class StoredCriteria : public Bound<Criteria> {
 
   int FindFirstCriteria() override {
     std::vector<CriteriaRow> rows;
+    const CriteriaRow query = Query();
     Data().Do([&](Connection& connection) {
       auto& list = connection.The<ListCriteria>();
-      list.query = Query();
-      list.ForEach([&] { rows.push_back(list.row); });
+      list.key = query;
+      list.ForEach([&] {
+        if (Matches(query, list.row)) rows.push_back(std::move(list.row));
+      });
     });
     found_.Start(std::move(rows));
     return FindNextCriteria();
   }
 
   int FindNextCriteria() override {
-    const CriteriaRow* row = found_.Next();
+    CriteriaRow* row = found_.Next();
     if (!row) return 0;
-    Take(*row);
+    Take(std::move(*row));
     return 1;
   }
 
   int GetCriteria() override {
     bool found = false;
     Data().Do([&](Connection& connection) {
-      auto& get = connection.The<GetOneCriteria>();
-      get.query = Query();
-      found = get.One();
-      if (found) Take(get.row);
+      CriteriaRow* row = Find(connection, Query());
+      found = row != nullptr;
+      if (found) Take(std::move(*row));
     });
     return found ? 1 : 0;
   }
@@ -126,7 +143,7 @@ class StoredCriteria : public Bound<Criteria> {
     long long added = 0;
     Data().Do([&](Connection& connection) {
       auto& insert = connection.The<InsertCriteria>();
-      insert.query = Query();
+      insert.key = Query();
       added = insert.Change();
     });
     return added == 1 ? 1 : 0;
@@ -136,9 +153,11 @@ class StoredCriteria : public Bound<Criteria> {
                    const std::string& criteria_type, const std::string& description, const std::string& values,
                    int frequency) override {
     long long changed = 0;
-    Data().Do([&](Connection& connection) {
+    Data().Change([&](Connection& connection) {
+      const CriteriaRow query = Query();
+      if (!Find(connection, query)) return;
       auto& update = connection.The<UpdateCriteria>();
-      update.query = Query();
+      update.key = query;
       update.row.RuleID = rule_id;
       update.row.Status = status;
       update.row.CriteriaType = criteria_type;
@@ -155,16 +174,16 @@ class StoredCriteria : public Bound<Criteria> {
     return {CriteriaID, RuleID, CriteriaType, Description, Status, Values, Frequency, Postoffice, Mailbox};
   }
 
-  void Take(const CriteriaRow& row) {
-    CriteriaID = row.CriteriaID;
-    RuleID = row.RuleID;
-    CriteriaType = row.CriteriaType;
-    Description = row.Description;
+  void Take(CriteriaRow&& row) {
+    CriteriaID = std::move(row.CriteriaID);
+    RuleID = std::move(row.RuleID);
+    CriteriaType = std::move(row.CriteriaType);
+    Description = std::move(row.Description);
     Status = static_cast<int>(row.Status);
-    Values = row.Values;
+    Values = std::move(row.Values);
     Frequency = static_cast<std::int16_t>(row.Frequency);
-    Postoffice = row.Postoffice;
-    Mailbox = row.Mailbox;
+    Postoffice = std::move(row.Postoffice);
+    Mailbox = std::move(row.Mailbox);
   }
 
   FoundRows<CriteriaRow> found_;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "store/bound.h"
 #include "store/connection.h"
@@ -15,58 +16,66 @@ struct PlacedFilter : FilterRow {
   long long Position = 0;
 };
 
+// A scope holds no more as a rule.
+constexpr std::size_t kUsualFilters = 100;
+
 constexpr const char* kScope = "Postoffice = ?1 AND Mailbox = ?2";
 constexpr const char* kKey = " AND FilterEntryID = ?3";
-constexpr const char* kAnyKey = " AND (?3 = '' OR FilterEntryID = ?3)";
-constexpr const char* kTemplate =
-    " AND (?4 = '' OR CriteriaID = ?4) AND (?5 = '' OR ActionID = ?5) AND (?6 = '' OR Description = ?6)"
-    " AND (?7 = '' OR Note = ?7) AND (?8 = -1 OR Status = ?8)";
 
-// A statement whose first eight parameters are a query template.
-struct FilterStatement : Statement {
-  FilterRow query;
+// A statement whose first parameters are a scope and perhaps a FilterEntryID.
+struct ScopeStatement : Statement {
+  std::string postoffice, mailbox, filter_entry_id;
+
+  void Set(const FilterRow& row) {
+    postoffice = row.Postoffice;
+    mailbox = row.Mailbox;
+    filter_entry_id = row.FilterEntryID;
+  }
 
  protected:
-  explicit FilterStatement(soci::session& session) : Statement(session) {
-    Use(query.Postoffice);
-    Use(query.Mailbox);
-    Use(query.FilterEntryID);
-    Use(query.CriteriaID);
-    Use(query.ActionID);
-    Use(query.Description);
-    Use(query.Note);
-    Use(query.Status);
+  explicit ScopeStatement(soci::session& session) : Statement(session) {
+    Use(postoffice);
+    Use(mailbox);
   }
 };
 
-struct SelectFilters : FilterStatement {
+struct KeyStatement : ScopeStatement {
+ protected:
+  explicit KeyStatement(soci::session& session) : ScopeStatement(session) { Use(filter_entry_id); }
+};
+
+// Reads filters. Their scope is the one asked for and isn't read again.
+template <class Base>
+struct SelectFilters : Base {
   PlacedFilter row;
 
+  PlacedFilter& WithScope() {
+    row.Postoffice = this->postoffice;
+    row.Mailbox = this->mailbox;
+    return row;
+  }
+
  protected:
-  SelectFilters(soci::session& session, const std::string& rest) : FilterStatement(session) {
-    Into(row.FilterEntryID);
-    Into(row.CriteriaID);
-    Into(row.ActionID);
-    Into(row.Description);
-    Into(row.Note);
-    Into(row.Status);
-    Into(row.Position);
-    Into(row.Postoffice);
-    Into(row.Mailbox);
-    Prepare(
-        "SELECT FilterEntryID, CriteriaID, ActionID, Description, Note, Status, Position, Postoffice, Mailbox"
-        " FROM filters WHERE " +
+  SelectFilters(soci::session& session, const std::string& rest) : Base(session) {
+    this->Into(row.FilterEntryID);
+    this->Into(row.CriteriaID);
+    this->Into(row.ActionID);
+    this->Into(row.Description);
+    this->Into(row.Note);
+    this->Into(row.Status);
+    this->Into(row.Position);
+    this->Prepare(
+        "SELECT FilterEntryID, CriteriaID, ActionID, Description, Note, Status, Position FROM filters WHERE " +
         std::string(kScope) + rest);
   }
 };
 
-struct ListFilters : SelectFilters {
-  explicit ListFilters(soci::session& session)
-      : SelectFilters(session, std::string(kAnyKey) + kTemplate + " ORDER BY Position, id") {}
+struct ListFilters : SelectFilters<ScopeStatement> {
+  explicit ListFilters(soci::session& session) : SelectFilters(session, " ORDER BY Position, id") {}
 };
 
-struct GetFilter : SelectFilters {
-  explicit GetFilter(soci::session& session) : SelectFilters(session, std::string(kKey) + kTemplate) {}
+struct GetFilter : SelectFilters<KeyStatement> {
+  explicit GetFilter(soci::session& session) : SelectFilters(session, kKey) {}
 };
 
 struct InsertFilter : Statement {
@@ -89,10 +98,10 @@ struct InsertFilter : Statement {
   }
 };
 
-struct UpdateFilter : FilterStatement {
+struct UpdateFilter : KeyStatement {
   FilterRow row;
 
-  explicit UpdateFilter(soci::session& session) : FilterStatement(session) {
+  explicit UpdateFilter(soci::session& session) : KeyStatement(session) {
     Use(row.FilterEntryID);
     Use(row.Status);
     Use(row.Description);
@@ -100,25 +109,15 @@ struct UpdateFilter : FilterStatement {
     Use(row.Note);
     Use(row.CriteriaID);
     Prepare(
-        "UPDATE OR IGNORE filters SET FilterEntryID = ?9, Status = ?10, Description = ?11, ActionID = ?12, Note = ?13,"
-        " CriteriaID = ?14 WHERE " +
-        std::string(kScope) + kKey + kTemplate);
+        "UPDATE OR IGNORE filters SET FilterEntryID = ?4, Status = ?5, Description = ?6, ActionID = ?7, Note = ?8,"
+        " CriteriaID = ?9 WHERE " +
+        std::string(kScope) + kKey);
   }
 };
 
-struct DeleteFilter : FilterStatement {
-  explicit DeleteFilter(soci::session& session) : FilterStatement(session) {
-    Prepare("DELETE FROM filters WHERE " + std::string(kScope) + kKey + kTemplate);
-  }
-};
-
-struct ScopeStatement : Statement {
-  std::string postoffice, mailbox;
-
- protected:
-  explicit ScopeStatement(soci::session& session) : Statement(session) {
-    Use(postoffice);
-    Use(mailbox);
+struct DeleteFilter : KeyStatement {
+  explicit DeleteFilter(soci::session& session) : KeyStatement(session) {
+    Prepare("DELETE FROM filters WHERE " + std::string(kScope) + kKey);
   }
 };
 
@@ -144,21 +143,31 @@ struct ShiftFilters : ScopeStatement {
   }
 };
 
-struct PlaceFilter : ScopeStatement {
-  std::string filter_entry_id;
+struct PlaceFilter : KeyStatement {
   long long position = 0;
 
-  explicit PlaceFilter(soci::session& session) : ScopeStatement(session) {
-    Use(filter_entry_id);
+  explicit PlaceFilter(soci::session& session) : KeyStatement(session) {
     Use(position);
     Prepare("UPDATE filters SET Position = ?4 WHERE " + std::string(kScope) + kKey);
   }
 };
 
+bool Matches(const FilterRow& query, const FilterRow& row) {
+  return Fits(query.FilterEntryID, row.FilterEntryID) && Fits(query.CriteriaID, row.CriteriaID) &&
+         Fits(query.ActionID, row.ActionID) && Fits(query.Description, row.Description) && Fits(query.Note, row.Note) &&
+         Fits(query.Status, row.Status);
+}
+
+// The filter of the query's key, if it matches the rest of the query; null otherwise.
+PlacedFilter* Find(Connection& connection, const FilterRow& query) {
+  auto& get = connection.The<GetFilter>();
+  get.Set(query);
+  return get.One() && Matches(query, get.row) ? &get.WithScope() : nullptr;
+}
+
 long long LastPositionOf(Connection& connection, const FilterRow& scope) {
   auto& last = connection.The<LastPosition>();
-  last.postoffice = scope.Postoffice;
-  last.mailbox = scope.Mailbox;
+  last.Set(scope);
   last.One();
   return last.position;
 }
@@ -166,8 +175,7 @@ long long LastPositionOf(Connection& connection, const FilterRow& scope) {
 void Shift(Connection& connection, const FilterRow& scope, long long from, long long to, long long distance) {
   if (from > to) return;
   auto& shift = connection.The<ShiftFilters>();
-  shift.postoffice = scope.Postoffice;
-  shift.mailbox = scope.Mailbox;
+  shift.Set(scope);
   shift.from = from;
   shift.to = to;
   shift.distance = distance;
@@ -184,8 +192,7 @@ void Move(Connection& connection, const PlacedFilter& found, const std::string& 
     Shift(connection, found, target, found.Position - 1, 1);
   }
   auto& place = connection.The<PlaceFilter>();
-  place.postoffice = found.Postoffice;
-  place.mailbox = found.Mailbox;
+  place.Set(found);
   place.filter_entry_id = filter_entry_id;
   place.position = target;
   place.Change();
@@ -197,29 +204,32 @@ class StoredFilter : public Bound<Filter> {
 
   int FindFirstFilter() override {
     std::vector<PlacedFilter> rows;
+    rows.reserve(kUsualFilters);
+    const FilterRow query = Query();
     Data().Do([&](Connection& connection) {
       auto& list = connection.The<ListFilters>();
-      list.query = Query();
-      list.ForEach([&] { rows.push_back(list.row); });
+      list.Set(query);
+      list.ForEach([&] {
+        if (Matches(query, list.row)) rows.push_back(std::move(list.WithScope()));
+      });
     });
     found_.Start(std::move(rows));
     return FindNextFilter();
   }
 
   int FindNextFilter() override {
-    const PlacedFilter* row = found_.Next();
+    PlacedFilter* row = found_.Next();
     if (!row) return 0;
-    Take(*row);
+    Take(std::move(*row));
     return 1;
   }
 
   int getfilter() override {
     bool found = false;
     Data().Do([&](Connection& connection) {
-      auto& get = connection.The<GetFilter>();
-      get.query = Query();
-      found = get.One();
-      if (found) Take(get.row);
+      PlacedFilter* row = Find(connection, Query());
+      found = row != nullptr;
+      if (found) Take(std::move(*row));
     });
     return found ? 1 : 0;
   }
@@ -239,11 +249,10 @@ class StoredFilter : public Bound<Filter> {
                  int order) override {
     long long changed = 0;
     Data().Change([&](Connection& connection) {
-      auto& get = connection.The<GetFilter>();
-      get.query = Query();
-      if (!get.One()) return;
+      const PlacedFilter* found = Find(connection, Query());
+      if (!found) return;
       auto& update = connection.The<UpdateFilter>();
-      update.query = get.query;
+      update.Set(*found);
       update.row.FilterEntryID = filter_entry_id;
       update.row.Status = status;
       update.row.Description = description;
@@ -251,7 +260,7 @@ class StoredFilter : public Bound<Filter> {
       update.row.Note = note;
       update.row.CriteriaID = criteria_id;
       changed = update.Change();
-      if (changed == 1 && order > 0) Move(connection, get.row, filter_entry_id, order);
+      if (changed == 1 && order > 0) Move(connection, *found, filter_entry_id, order);
     });
     return changed == 1 ? 1 : 0;
   }
@@ -259,13 +268,12 @@ class StoredFilter : public Bound<Filter> {
   int RemoveFilter() override {
     bool removed = false;
     Data().Change([&](Connection& connection) {
-      auto& get = connection.The<GetFilter>();
-      get.query = Query();
-      if (!get.One()) return;
+      const PlacedFilter* found = Find(connection, Query());
+      if (!found) return;
       auto& remove = connection.The<DeleteFilter>();
-      remove.query = get.query;
+      remove.Set(*found);
       removed = remove.Change() == 1;
-      Shift(connection, get.row, get.row.Position + 1, LastPositionOf(connection, get.row), -1);
+      Shift(connection, *found, found->Position + 1, LastPositionOf(connection, *found), -1);
     });
     return removed ? 1 : 0;
   }
@@ -275,16 +283,16 @@ class StoredFilter : public Bound<Filter> {
     return {FilterEntryID, CriteriaID, ActionID, Description, Note, Status, Postoffice, Mailbox};
   }
 
-  void Take(const PlacedFilter& row) {
-    FilterEntryID = row.FilterEntryID;
-    CriteriaID = row.CriteriaID;
-    ActionID = row.ActionID;
-    Description = row.Description;
-    Note = row.Note;
+  void Take(PlacedFilter&& row) {
+    FilterEntryID = std::move(row.FilterEntryID);
+    CriteriaID = std::move(row.CriteriaID);
+    ActionID = std::move(row.ActionID);
+    Description = std::move(row.Description);
+    Note = std::move(row.Note);
     Status = static_cast<int>(row.Status);
     Order = static_cast<int>(row.Position);
-    Postoffice = row.Postoffice;
-    Mailbox = row.Mailbox;
+    Postoffice = std::move(row.Postoffice);
+    Mailbox = std::move(row.Mailbox);
   }
 
   FoundRows<PlacedFilter> found_;

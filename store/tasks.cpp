@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "store/bound.h"
 #include "store/connection.h"
 #include "store/database.h"
@@ -11,115 +13,129 @@ namespace {
 
 constexpr const char* kOwner = "Postoffice = ?1 AND Mailbox = ?2 AND ActionID = ?3";
 constexpr const char* kKey = " AND TaskID = ?4";
-constexpr const char* kAnyKey = " AND (?4 = '' OR TaskID = ?4)";
-constexpr const char* kTemplate =
-    " AND (?5 = '' OR TaskType = ?5) AND (?6 = '' OR Description = ?6) AND (?7 = -1 OR Status = ?7)"
-    " AND (?8 = '' OR \"Values\" = ?8)";
 
-// A statement whose first eight parameters are a query template or a row.
-struct TaskStatement : Statement {
-  TaskRow query;
+// A statement whose first parameters are the rows' owner and perhaps a TaskID.
+struct OwnerStatement : Statement {
+  TaskRow key;
 
  protected:
-  explicit TaskStatement(soci::session& session) : Statement(session) {
-    Use(query.Postoffice);
-    Use(query.Mailbox);
-    Use(query.ActionID);
-    Use(query.TaskID);
-    Use(query.TaskType);
-    Use(query.Description);
-    Use(query.Status);
-    Use(query.Values);
+  explicit OwnerStatement(soci::session& session) : Statement(session) {
+    Use(key.Postoffice);
+    Use(key.Mailbox);
+    Use(key.ActionID);
   }
 };
 
-struct SelectTasks : TaskStatement {
+struct KeyStatement : OwnerStatement {
+ protected:
+  explicit KeyStatement(soci::session& session) : OwnerStatement(session) { Use(key.TaskID); }
+};
+
+template <class Base>
+struct SelectRows : Base {
   TaskRow row;
 
  protected:
-  SelectTasks(soci::session& session, const std::string& rest) : TaskStatement(session) {
-    Into(row.ActionID);
-    Into(row.TaskID);
-    Into(row.TaskType);
-    Into(row.Description);
-    Into(row.Status);
-    Into(row.Values);
-    Into(row.Postoffice);
-    Into(row.Mailbox);
-    Prepare(
+  SelectRows(soci::session& session, const std::string& rest) : Base(session) {
+    this->Into(row.ActionID);
+    this->Into(row.TaskID);
+    this->Into(row.TaskType);
+    this->Into(row.Description);
+    this->Into(row.Status);
+    this->Into(row.Values);
+    this->Into(row.Postoffice);
+    this->Into(row.Mailbox);
+    this->Prepare(
         "SELECT ActionID, TaskID, TaskType, Description, Status, \"Values\", Postoffice, Mailbox FROM tasks WHERE " +
         std::string(kOwner) + rest);
   }
 };
 
-struct ListTasks : SelectTasks {
-  explicit ListTasks(soci::session& session)
-      : SelectTasks(session, std::string(kAnyKey) + kTemplate + " ORDER BY id") {}
+struct ListTasks : SelectRows<OwnerStatement> {
+  explicit ListTasks(soci::session& session) : SelectRows(session, " ORDER BY id") {}
 };
 
-struct GetOneTask : SelectTasks {
-  explicit GetOneTask(soci::session& session) : SelectTasks(session, std::string(kKey) + kTemplate) {}
+struct GetOneTask : SelectRows<KeyStatement> {
+  explicit GetOneTask(soci::session& session) : SelectRows(session, kKey) {}
 };
 
-struct InsertTask : TaskStatement {
-  explicit InsertTask(soci::session& session) : TaskStatement(session) {
+struct InsertTask : KeyStatement {
+  explicit InsertTask(soci::session& session) : KeyStatement(session) {
+    Use(key.TaskType);
+    Use(key.Description);
+    Use(key.Status);
+    Use(key.Values);
     Prepare(
         "INSERT INTO tasks (Postoffice, Mailbox, ActionID, TaskID, TaskType, Description, Status, \"Values\")"
         " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8) ON CONFLICT DO NOTHING");
   }
 };
 
-struct UpdateTask : TaskStatement {
+struct UpdateTask : KeyStatement {
   TaskRow row;
 
-  explicit UpdateTask(soci::session& session) : TaskStatement(session) {
+  explicit UpdateTask(soci::session& session) : KeyStatement(session) {
     Use(row.TaskID);
     Use(row.Status);
     Use(row.TaskType);
     Use(row.Description);
     Use(row.Values);
     Prepare(
-        "UPDATE OR IGNORE tasks SET TaskID = ?9, Status = ?10, TaskType = ?11, Description = ?12, \"Values\" = ?13"
-        " WHERE " +
-        std::string(kOwner) + kKey + kTemplate);
+        "UPDATE OR IGNORE tasks SET TaskID = ?5, Status = ?6, TaskType = ?7, Description = ?8, \"Values\" = ?9 WHERE " +
+        std::string(kOwner) + kKey);
   }
 };
 
-struct DeleteTasks : TaskStatement {
-  explicit DeleteTasks(soci::session& session) : TaskStatement(session) {
-    Prepare("DELETE FROM tasks WHERE " + std::string(kOwner) + kAnyKey + kTemplate);
+struct DeleteTask : KeyStatement {
+  explicit DeleteTask(soci::session& session) : KeyStatement(session) {
+    Prepare("DELETE FROM tasks WHERE " + std::string(kOwner) + kKey);
   }
 };
+
+bool Matches(const TaskRow& query, const TaskRow& row) {
+  return Fits(query.TaskID, row.TaskID) && Fits(query.TaskType, row.TaskType) &&
+         Fits(query.Description, row.Description) && Fits(query.Status, row.Status) && Fits(query.Values, row.Values);
+}
+
+std::vector<TaskRow> List(Connection& connection, const TaskRow& query) {
+  std::vector<TaskRow> rows;
+  auto& list = connection.The<ListTasks>();
+  list.key = query;
+  list.ForEach([&] {
+    if (Matches(query, list.row)) rows.push_back(std::move(list.row));
+  });
+  return rows;
+}
+
+// The task of the query's key, if it matches the rest of the query; null otherwise.
+TaskRow* Find(Connection& connection, const TaskRow& query) {
+  auto& get = connection.The<GetOneTask>();
+  get.key = query;
+  return get.One() && Matches(query, get.row) ? &get.row : nullptr;
+}
 
 class StoredTask : public Bound<Task> {
  public:
   using Bound::Bound;
 
   int FindFirstTask() override {
-    std::vector<TaskRow> rows;
-    Data().Do([&](Connection& connection) {
-      auto& list = connection.The<ListTasks>();
-      list.query = Query();
-      list.ForEach([&] { rows.push_back(list.row); });
-    });
-    found_.Start(std::move(rows));
+    Data().Do([&](Connection& connection) { found_.Start(List(connection, Query())); });
     return FindNextTask();
   }
 
   int FindNextTask() override {
-    const TaskRow* row = found_.Next();
+    TaskRow* row = found_.Next();
     if (!row) return 0;
-    Take(*row);
+    Take(std::move(*row));
     return 1;
   }
 
   int GetTask() override {
     bool found = false;
     Data().Do([&](Connection& connection) {
-      auto& get = connection.The<GetOneTask>();
-      get.query = Query();
-      found = get.One();
-      if (found) Take(get.row);
+      TaskRow* row = Find(connection, Query());
+      found = row != nullptr;
+      if (found) Take(std::move(*row));
     });
     return found ? 1 : 0;
   }
@@ -128,7 +144,7 @@ class StoredTask : public Bound<Task> {
     long long added = 0;
     Data().Do([&](Connection& connection) {
       auto& insert = connection.The<InsertTask>();
-      insert.query = Query();
+      insert.key = Query();
       added = insert.Change();
     });
     return added == 1 ? 1 : 0;
@@ -137,9 +153,11 @@ class StoredTask : public Bound<Task> {
   int EditTask(const std::string& task_id, int status, const std::string& /*unused*/, const std::string& task_type,
                const std::string& description, const std::string& values) override {
     long long changed = 0;
-    Data().Do([&](Connection& connection) {
+    Data().Change([&](Connection& connection) {
+      const TaskRow query = Query();
+      if (!Find(connection, query)) return;
       auto& update = connection.The<UpdateTask>();
-      update.query = Query();
+      update.key = query;
       update.row.TaskID = task_id;
       update.row.Status = status;
       update.row.TaskType = task_type;
@@ -152,10 +170,12 @@ class StoredTask : public Bound<Task> {
 
   int RemoveTask() override {
     long long removed = 0;
-    Data().Do([&](Connection& connection) {
-      auto& remove = connection.The<DeleteTasks>();
-      remove.query = Query();
-      removed = remove.Change();
+    Data().Change([&](Connection& connection) {
+      auto& remove = connection.The<DeleteTask>();
+      for (TaskRow& row : List(connection, Query())) {
+        remove.key = std::move(row);
+        removed += remove.Change();
+      }
     });
     // All of none is done.
     return removed > 0 || TaskID.empty() ? 1 : 0;
@@ -164,15 +184,15 @@ class StoredTask : public Bound<Task> {
  private:
   TaskRow Query() const { return {ActionID, TaskID, TaskType, Description, Status, Values, Postoffice, Mailbox}; }
 
-  void Take(const TaskRow& row) {
-    ActionID = row.ActionID;
-    TaskID = row.TaskID;
-    TaskType = row.TaskType;
-    Description = row.Description;
+  void Take(TaskRow&& row) {
+    ActionID = std::move(row.ActionID);
+    TaskID = std::move(row.TaskID);
+    TaskType = std::move(row.TaskType);
+    Description = std::move(row.Description);
     Status = static_cast<int>(row.Status);
-    Values = row.Values;
-    Postoffice = row.Postoffice;
-    Mailbox = row.Mailbox;
+    Values = std::move(row.Values);
+    Postoffice = std::move(row.Postoffice);
+    Mailbox = std::move(row.Mailbox);
   }
 
   FoundRows<TaskRow> found_;

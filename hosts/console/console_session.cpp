@@ -1,8 +1,8 @@
 #include "hosts/console/console_session.h"
 
 #include "desktop/kernel_guids.h"
+#include "desktop/vbscript_host.h"
 #include "hosts/console/session.h"
-#include "hosts/console/unavailable_scripts.h"
 #include "platform/runtime_error.h"
 
 namespace qv {
@@ -11,7 +11,7 @@ namespace json = boost::json;
 
 namespace {
 
-constexpr const char* kConsoleName = "Quillvane Administration";
+constexpr const char* kConsoleName = "Quillvane Filtering Administration";
 
 }  // namespace
 
@@ -24,7 +24,7 @@ ConsoleSession::ConsoleSession(Servers& servers, Carrier& carrier)
       registry_(servers.MakeRegistry()),
       files_(servers.MakeFiles()),
       guids_(std::make_unique<KernelGuids>()),
-      scripts_(std::make_unique<UnavailableScripts>()),
+      scripts_(std::make_unique<VbscriptHost>(carrier.Interrupt())),
       tree_(servers.Names()) {
   Toolkit& toolkit = *this;
   Console& console = *this;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "actions/action_dialog.h"
+#include "platform/runtime_error.h"
 #include "tests/support/test_run.h"
 
 namespace qv::test {

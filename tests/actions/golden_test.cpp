@@ -362,8 +362,8 @@ TEST_P(ActionGolden, AGuidThatIsRefusedGivesTheFixedOne) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Dialogs, ActionGolden, ::testing::ValuesIn(kGolden),
-                         [](const ::testing::TestParamInfo<Golden>& info) {
-                           return std::string(info.param.name) + "_" + info.param.task_type;
+                         [](const ::testing::TestParamInfo<Golden>& golden) {
+                           return std::string(golden.param.name) + "_" + golden.param.task_type;
                          });
 
 }  // namespace

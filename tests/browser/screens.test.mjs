@@ -1,14 +1,12 @@
 // Every screen in light and dark: axe finds nothing. With SCREENSHOTS=DIR the pictures are kept there.
 import assert from "node:assert/strict";
 import { mkdir, mkdtemp } from "node:fs/promises";
-import { createRequire } from "node:module";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { test } from "node:test";
-import { Open } from "./support.mjs";
+import { Axe, Open } from "./support.mjs";
 import * as s from "./states.mjs";
 
-const axe = createRequire(import.meta.url).resolve("axe-core/axe.min.js");
 const shots = process.env.SCREENSHOTS ?? (await mkdtemp(join(tmpdir(), "screens-")));
 await mkdir(shots, { recursive: true });
 
@@ -93,12 +91,6 @@ const deeds = {
     },
   ],
 };
-
-async function Axe(page) {
-  await page.evaluate((source) => (0, eval)(source), await (await import("node:fs/promises")).readFile(axe, "utf8"));
-  const { violations } = await page.evaluate(() => globalThis.axe.run(document, { resultTypes: ["violations"] }));
-  return violations.flatMap((v) => v.nodes.map((n) => `${v.id}: ${n.target.join(" ")} ${n.failureSummary}`));
-}
 
 for (const colorScheme of ["light", "dark"]) {
   for (const [name, state] of Object.entries(screens)) {

@@ -1,69 +1,11 @@
 // A user's way through the program itself: two servers, their filters, enable, disable, add, rename, delete.
 import assert from "node:assert/strict";
-import { execFileSync, spawn } from "node:child_process";
-import { existsSync } from "node:fs";
-import { mkdtemp, rm } from "node:fs/promises";
-import { tmpdir } from "node:os";
-import { dirname, join } from "node:path";
-import { after, before, test } from "node:test";
-import { fileURLToPath } from "node:url";
-import { LaunchBrowser, Until, Watch } from "./support.mjs";
-
-const root = join(dirname(fileURLToPath(import.meta.url)), "..", "..");
-const program = process.env.QVADMIN ?? join(root, "build", "qvadmin");
-if (!existsSync(program)) throw new Error(`there is no ${program}; build it, or name another with QVADMIN`);
-
-let browser;
-before(async () => {
-  browser = await LaunchBrowser();
-});
-after(() => browser?.close());
-
-function Run(...args) {
-  return execFileSync(program, args, { encoding: "utf8" });
-}
+import { test } from "node:test";
+import { OpenServer, Run } from "./program.mjs";
+import { Until } from "./support.mjs";
 
 function Filters(data) {
   return JSON.parse(Run("data", "export", "--data", data)).filters.filter((f) => f.Postoffice === "");
-}
-
-async function Directory(t) {
-  const data = await mkdtemp(join(tmpdir(), "server-"));
-  t.after(() => rm(data, { recursive: true, force: true }));
-  Run("init", "--data", data, "--demo");
-  return data;
-}
-
-async function Serve(t, local, far) {
-  const server = spawn(program, ["serve", "--data", local, "--server", `MAIL2=${far}`, "--port", "0"]);
-  t.after(() => server.kill());
-  let complaints = "";
-  server.stderr.on("data", (text) => (complaints += text));
-  t.after(() => assert.equal(complaints, "", "the program complained"));
-  let said = "";
-  const address = await new Promise((done, fail) => {
-    server.stdout.on("data", (text) => {
-      said += text;
-      const found = /http:\S+/.exec(said);
-      if (found && said.includes("\n")) done(found[0]);
-    });
-    server.on("exit", (code) => fail(new Error(`the program ended with ${code}: ${complaints}`)));
-  });
-  return { server, address };
-}
-
-async function OpenServer(t, expected = []) {
-  const local = await Directory(t);
-  const far = await Directory(t);
-  const { server, address } = await Serve(t, local, far);
-  const context = await browser.newContext({ viewport: { width: 1280, height: 800 } });
-  t.after(() => context.close());
-  const page = await context.newPage();
-  page.setDefaultTimeout(5000);
-  Watch(t, page, expected);
-  await page.goto(address);
-  await page.locator(".tree").waitFor();
-  return { page, local, far, server };
 }
 
 const Node = (page, name, nth = 0) => page.locator(".node", { hasText: name }).nth(nth);
@@ -147,8 +89,56 @@ test("a user's way on the other server", async (t) => {
 });
 
 test("a server that ends is told and found again", async (t) => {
-  const { page, server } = await OpenServer(t, [/WebSocket/, /ERR_CONNECTION/, /request failed/, /40[13]/]);
+  const { page, server } = await OpenServer(t, { expected: [/WebSocket/, /ERR_CONNECTION/, /request failed/] });
   server.removeAllListeners("exit");
   server.kill();
   await page.getByRole("alertdialog", { name: "The session has ended" }).getByText("does not answer").waitFor();
+});
+
+test("typing on a slow line, into the program itself", async (t) => {
+  const { page, local } = await OpenServer(t, {
+    before: (p) =>
+      p.routeWebSocket(/\/console$/, (socket) => {
+        const server = socket.connectToServer();
+        socket.onMessage((text) => setTimeout(() => server.send(text), 75));
+        server.onMessage((text) => setTimeout(() => socket.send(text), 75));
+      }),
+  });
+  await Node(page, "LOCALHOST").locator(".twisty").click();
+  await Node(page, "Filters").click();
+  await Bar(page, "New Filter...").click();
+  const dialog = page.getByRole("dialog", { name: "Add New Filter Item" });
+  await dialog.waitFor();
+  await page.keyboard.type("The quick brown fox", { delay: 12 });
+  for (let n = 0; n < 3; n++) await page.keyboard.press("ArrowLeft");
+  await page.keyboard.type("lazy ", { delay: 12 });
+  await page.keyboard.press("Enter");
+  await dialog.waitFor({ state: "detached" });
+  await Row(page, "The quick brown lazy fox").waitFor();
+  assert.equal(Find(local, "The quick brown lazy fox").Status, 1);
+});
+
+test("a word file is edited in a text window", async (t) => {
+  const { page } = await OpenServer(t);
+  await Node(page, "LOCALHOST").locator(".twisty").click();
+  await Node(page, "Filters").click();
+  await page.locator(".pane-list .row").first().dblclick();
+  await page.locator("[data-control=lvwCriteria] .row").first().dblclick();
+  await page.getByRole("radio", { name: "Use external word list file" }).click();
+  const edit = page.locator("#dialog-1 [data-control=cmdEdit]");
+  await edit.click();
+  const window = page.getByRole("dialog", { name: /^QVFILTER-/ });
+  const mine = window.locator("textarea.mine");
+  await Until(async () => (await window.locator(".status").innerText()) === "Saved");
+  const before = await mine.inputValue();
+  assert.notEqual(before, "");
+  await mine.focus();
+  await page.keyboard.press("Control+Home");
+  await page.keyboard.type("baccarat\n");
+  await page.keyboard.press("Control+s");
+  await Until(async () => (await window.locator(".status").innerText()) === "Saved");
+  await page.keyboard.press("Escape");
+  await window.waitFor({ state: "detached" });
+  await edit.click();
+  await Until(async () => (await mine.inputValue()) === `baccarat\n${before}`);
 });

@@ -2,6 +2,7 @@
 import { mkdtemp, readFile } from "node:fs/promises";
 import { execFileSync } from "node:child_process";
 import { createServer } from "node:http";
+import { createRequire } from "node:module";
 import { tmpdir } from "node:os";
 import { dirname, join } from "node:path";
 import { after, before } from "node:test";
@@ -32,7 +33,7 @@ export let address = "";
 // What the server says to a plain request for the socket's address.
 export const consoleAnswer = { status: 426 };
 
-export function LaunchBrowser() {
+function LaunchBrowser() {
   return chromium.launch({ executablePath: "/usr/bin/chromium", headless: false, args: kFlags });
 }
 
@@ -149,11 +150,24 @@ function ExpandNode(node, id, expanded) {
   node.children.forEach((child) => ExpandNode(child, id, expanded));
 }
 
-export async function Open(t, { state = State(), react = Ordinary, delay = 0, expected = [], ...options } = {}) {
+export async function NewContext(t, options = {}) {
   const context = await browser.newContext({ viewport: { width: 1280, height: 800 }, ...options });
+  context.setDefaultTimeout(5000);
   t.after(() => context.close());
+  return context;
+}
+
+// What axe finds wrong on the page.
+export async function Axe(page) {
+  const source = await readFile(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
+  await page.evaluate((text) => (0, eval)(text), source);
+  const { violations } = await page.evaluate(() => globalThis.axe.run(document, { resultTypes: ["violations"] }));
+  return violations.flatMap((v) => v.nodes.map((n) => `${v.id}: ${n.target.join(" ")} ${n.failureSummary}`));
+}
+
+export async function Open(t, { state = State(), react = Ordinary, delay = 0, expected = [], ...options } = {}) {
+  const context = await NewContext(t, options);
   const page = await context.newPage();
-  page.setDefaultTimeout(5000);
   Watch(t, page, expected);
   const console_ = new Console(state, react, delay);
   await page.routeWebSocket(/\/console$/, (socket) => console_.Attach(socket));

@@ -171,6 +171,23 @@ test("positions count characters of the text as it is", async (t) => {
   assert.equal(await note.inputValue(), "😀 one\ntwo!\nthree");
 });
 
+test("the caret is told before a command that may act at it", async (t) => {
+  const { page, console: c, box } = await OpenName(t, "hello");
+  await box.focus();
+  await page.keyboard.press("End");
+  await page.keyboard.press("Shift+ArrowLeft");
+  await page.keyboard.press("Enter");
+  await page.keyboard.press("Home");
+  await page.locator("[data-control=chkStatus]").click();
+  await Until(() => c.told.length >= 4);
+  assert.deepEqual(c.told, [
+    { do: "caret", control: "txtName", start: 4, length: 1 },
+    { do: "click", control: "cmdOK" },
+    { do: "caret", control: "txtName", start: 0, length: 0 },
+    { do: "click", control: "chkStatus" },
+  ]);
+});
+
 test("a box that the console changes shows it", async (t) => {
   const { page, console: c, box } = await OpenName(t, "start");
   c.react = (event, state) => {

@@ -71,13 +71,6 @@ TEST_F(Catalogue, OpensTheDialogOfEachRow) {
   }
 }
 
-TEST_F(Catalogue, NeverOpensTheHeaderDialog) {
-  for (const GoldenRow& golden : Golden()) {
-    const CriterionDialog* dialog = DialogForRule(run, golden.rule);
-    if (dialog) EXPECT_NE(dialog->name(), "frmCriteriaHeader");
-  }
-}
-
 TEST_F(Catalogue, SharesOneInstanceOfADialog) {
   EXPECT_EQ(DialogForRule(run, "1"), DialogForRule(run, "22"));
   EXPECT_EQ(DialogForRule(run, "10"), DialogForRule(run, "11"));

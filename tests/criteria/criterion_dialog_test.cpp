@@ -7,7 +7,6 @@
 #include "criteria/choice_dialogs.h"
 #include "criteria/field_dialogs.h"
 #include "criteria/flag_dialogs.h"
-#include "criteria/importance_dialog.h"
 #include "criteria/postoffice_dialog.h"
 #include "criteria/word_list_dialog.h"
 #include "platform/runtime_error.h"
@@ -78,7 +77,7 @@ struct Frame : CriteriaTest, ::testing::WithParamInterface<Member> {
   }
 };
 INSTANTIATE_TEST_SUITE_P(Family, Frame, ::testing::ValuesIn(kFamily),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& member) { return std::string(member.param.name); });
 
 TEST_P(Frame, IsDesignedAsItsFamilySays) {
   CriterionDialog& form = dialog();
@@ -273,34 +272,11 @@ TEST_P(Frame, AnErrorOfTheStoreIsNotTrapped) {
   EXPECT_EQ(registry.TakeReloads(), 0);
 }
 
-void Collect(const Layout& layout, std::vector<const Control*>& into) {
-  if (layout.control) into.push_back(layout.control);
-  if (layout.label) into.push_back(layout.label);
-  into.insert(into.end(), layout.controls.begin(), layout.controls.end());
-  for (const Layout& item : layout.items) Collect(item, into);
-}
-
-void ExpectEveryControlOnce(const Form& form) {
-  std::vector<const Control*> laid_out;
-  Collect(form.Arrange(), laid_out);
-  for (const Control* control : form.controls()) {
-    EXPECT_EQ(std::count(laid_out.begin(), laid_out.end(), control), 1) << form.name() << " " << control->name();
-  }
-  EXPECT_EQ(laid_out.size(), form.controls().size()) << form.name();
-  EXPECT_EQ(form.Arrange().items.back().kind, Layout::Kind::Buttons) << form.name();
-}
-
-TEST_P(Frame, LaysOutEveryControl) { ExpectEveryControlOnce(dialog()); }
-
 TEST_P(Frame, ItsButtonsComeLastInTheTabOrder) {
   const std::vector<Control*>& controls = dialog().controls();
   EXPECT_EQ(controls[controls.size() - 2]->name(), "cmdOK");
   EXPECT_EQ(controls.back()->name(), "cmdCancel");
 }
-
-struct ImportanceFrame : CriteriaTest {};
-
-TEST_F(ImportanceFrame, LaysOutEveryControl) { ExpectEveryControlOnce(run.The<frmCriteriaImportance>()); }
 
 }  // namespace
 }  // namespace qv::test

@@ -53,7 +53,7 @@ struct ToldStore : MemoryStore {
 
 struct StoreTemplate : ::testing::Test, TestRun {
   ToldStore told_store;
-  Run told_run{Platform{desktop, registry, files, guids, scripts, told_store}};
+  qv::Run told_run{Platform{desktop, registry, files, guids, scripts, told_store}};
 };
 
 // Host | CriteriaID | RuleID | Values | Status | CriteriaType | Description | Frequency | Postoffice | Mailbox.

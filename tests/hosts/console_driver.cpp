@@ -1,6 +1,7 @@
 #include "tests/hosts/console_driver.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -42,6 +43,13 @@ void TwoServers::Import(const std::string& server, const std::string& text) {
 json::array TwoServers::Section(const std::string& server, const char* section) {
   return json::parse(WriteDataSet(LoadDataSet(servers_->Of(server)))).at(section).as_array();
 }
+
+HeldDatabase::HeldDatabase(const std::filesystem::path& file) {
+  EXPECT_EQ(sqlite3_open(file.c_str(), &connection_), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(connection_, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+}
+
+HeldDatabase::~HeldDatabase() { sqlite3_close(connection_); }
 
 std::optional<std::string> ConsoleDriver::Pipe::Receive() {
   std::unique_lock lock(mutex_);

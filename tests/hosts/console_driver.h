@@ -13,6 +13,8 @@
 #include "hosts/console/carrier.h"
 #include "store/servers.h"
 
+struct sqlite3;
+
 namespace qv::test {
 
 // Two servers in a temporary directory, each with an empty database and a configuration directory.
@@ -31,6 +33,16 @@ class TwoServers {
  private:
   std::filesystem::path root_;
   std::unique_ptr<Servers> servers_;
+};
+
+// Another program in the middle of a change of a database, for as long as the object lives.
+class HeldDatabase {
+ public:
+  explicit HeldDatabase(const std::filesystem::path& file);
+  ~HeldDatabase();
+
+ private:
+  sqlite3* connection_ = nullptr;
 };
 
 // Drives a console session that runs on a thread of its own: each call sends one event and waits for its answer.

@@ -297,18 +297,19 @@ TEST_F(Console, AnErrorOfTheStoreIsToldAndTheRunGoesOn) {
   c.OpenFilters();
   SelectRows(c, R"("FILTER-FLT1")");
   c.Do(R"({"do":"menu","on":"items"})");
-  std::filesystem::rename(world.DatabaseOf("LOCALHOST"), world.DatabaseOf("LOCALHOST").string() + ".away");
-  std::filesystem::remove(world.DatabaseOf("LOCALHOST").string() + "-wal");
-  std::filesystem::remove(world.DatabaseOf("LOCALHOST").string() + "-shm");
-  c.Do(R"({"do":"choose","name":"mnuFilterDisable"})");
-  const std::string message = c.Message();
-  std::filesystem::rename(world.DatabaseOf("LOCALHOST").string() + ".away", world.DatabaseOf("LOCALHOST"));
-  if (!message.empty()) {
-    EXPECT_NE(message.find("|Quillvane Administration|none"), std::string::npos) << message;
-    c.Do(R"({"do":"answer","button":"ok"})");
+  {
+    const test::HeldDatabase held(world.DatabaseOf("LOCALHOST"));
+    c.Do(R"({"do":"choose","name":"mnuFilterDisable"})");
   }
-  c.Do(R"({"do":"verb","name":"refresh"})");
-  EXPECT_EQ(c.Cells().size(), 3u);
+  const std::string message = c.Message();
+  EXPECT_NE(message.find("quillvane.db"), std::string::npos) << message;
+  EXPECT_NE(message.find("|Quillvane Filtering Administration|none"), std::string::npos) << message;
+  EXPECT_EQ(c.at("/message/buttons"), (boost::json::array{"ok"}));
+  c.Do(R"({"do":"answer","button":"ok"})");
+  EXPECT_EQ(ReloadsOn("LOCALHOST"), 0);
+  c.Do(R"({"do":"menu","on":"items"})");
+  c.Do(R"({"do":"choose","name":"mnuFilterDisable"})");
+  EXPECT_EQ(c.Cells().front(), "Zulu|Disabled");
 }
 
 TEST_F(Console, EveryEventIsAnsweredWithItsId) {

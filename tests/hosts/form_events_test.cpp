@@ -83,7 +83,7 @@ TEST_F(FormEvents, AClickBringsTheFocusAndRunsTheHandler) {
   EXPECT_TRUE(form.check.Checked());
   Do(R"({"do":"click","control":"check"})");
   EXPECT_FALSE(form.check.Checked());
-  Do(R"({"do":"click","control":"option(0)"})");
+  Do(R"-({"do":"click","control":"option(0)"})-");
   EXPECT_TRUE(form.option.Checked());
 }
 
@@ -169,7 +169,7 @@ TEST_F(FormEvents, TheFormIsWrittenWhole) {
       R"({"name":"digits","kind":"text","enabled":true,"visible":true,"focus":true,"text":"","multiline":false,)"
       R"("maxLength":4,"selStart":0,"selLength":0,"back":"window","keys":"0123456789"})");
   EXPECT_EQ(boost::json::serialize(controls[5]),
-            R"({"name":"option(0)","kind":"option","enabled":true,"visible":true,"parent":"frame","focus":false,)"
+            R"-({"name":"option(0)","kind":"option","enabled":true,"visible":true,"parent":"frame","focus":false,)-"
             R"("caption":"Option","checked":false})");
   EXPECT_EQ(boost::json::serialize(controls[7]),
             R"({"name":"list","kind":"list","enabled":true,"visible":true,"focus":false,"items":["one","two"],)"
@@ -183,7 +183,7 @@ TEST_F(FormEvents, TheFormIsWrittenWhole) {
             R"("cancel":false,"tip":"Move up","picture":"up"})");
   EXPECT_EQ(boost::json::serialize(value.at("layout")),
             R"({"kind":"column","items":[{"kind":"field","label":"label","control":"text","hints":["hint"]},)"
-            R"({"kind":"frame","control":"frame","items":[{"kind":"control","control":"option(0)"},)"
+            R"-({"kind":"frame","control":"frame","items":[{"kind":"control","control":"option(0)"},)-"
             R"({"kind":"indent","items":[{"kind":"control","control":"list","lines":4}]}]},)"
             R"({"kind":"side","main":{"kind":"control","control":"rows","grow":true},"buttons":["up"]},)"
             R"({"kind":"buttons","items":["ok"]}]})");

@@ -135,8 +135,7 @@ TEST_F(IPAddress, IPv6StatusOfTheConnector) {
   EXPECT_FALSE(IsIPv6Enabled(run, "pops"));
 }
 
-TEST_F(IPAddress, AServersStatusThatOnlyTheServerHasStaysWithIt) {
-  // The settings of a remote server take no part.
+TEST_F(IPAddress, TheIPv6StatusOfARemoteServerTakesNoPart) {
   run.ServerHost = "OTHER";
   store.server("OTHER").words["software\\quillvane\\quillvane|ipv6 status"] = "1";
   EXPECT_FALSE(IsIPv6Enabled(run, ""));

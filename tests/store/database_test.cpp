@@ -188,9 +188,9 @@ TEST_F(DatabaseTest, AStatementThatFailsNamesTheFile) {
   Database::Create(file);
   Database database(file);
   EXPECT_EQ(Raised([&] {
-              database.Do([](Connection& connection) { connection.Execute("INSERT INTO nothing VALUES (1);"); });
+              database.Do([](Connection& connection) { connection.Execute("INSERT INTO nowhere VALUES (1);"); });
             }),
-            "The database 'FILE' can't carry it out: no such table: nothing");
+            "The database 'FILE' can't carry it out: no such table: nowhere");
 }
 
 // Runs a step as a user who owns nothing and prints what it raises.

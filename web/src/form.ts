@@ -88,8 +88,20 @@ function PointerFocus(event: PointerEvent, port: FormPort): void {
   if (control && element !== document.activeElement) port.Edit({ do: "focus", control, tab: false });
 }
 
+// The session for the controls of a form: a command finds the caret told.
+function PortOf(session: Session): FormPort {
+  return {
+    Edit: (event) => session.Edit(event),
+    Command: (event) => {
+      document.activeElement?.dispatchEvent(new CustomEvent("tell-caret"));
+      return session.Command(event);
+    },
+    Pending: (id) => session.Pending(id),
+  };
+}
+
 function Body(session: Session, form: Form, prefix: string): { body: unknown; foot: unknown } {
-  const { body, foot } = FormParts({ form, port: session, prefix });
+  const { body, foot } = FormParts({ form, port: PortOf(session), prefix });
   return {
     body: html`<div class="form" @pointerdown=${(e: PointerEvent) => PointerFocus(e, session)}>${body}</div>`,
     foot,
@@ -108,7 +120,7 @@ export function Dialog(session: Session, form: Form, depth: number, extra: unkno
     foot,
     Close: close,
     Key(event) {
-      if (FormKey(event, form, session, () => []) || event.key !== "Escape") return;
+      if (FormKey(event, form, PortOf(session), () => []) || event.key !== "Escape") return;
       event.preventDefault();
       const cancel = Button(form, "cancel");
       if (cancel) session.Command({ do: "click", control: cancel.name });
@@ -168,7 +180,7 @@ export function SheetWindow(session: Session, sheet: Sheet, extra: unknown): Tem
         ...root.querySelectorAll<HTMLElement>("[data-sheet]"),
         root.querySelector<HTMLElement>("[role=tab][aria-selected=true]"),
       ];
-      if (FormKey(event, form, session, after)) return;
+      if (FormKey(event, form, PortOf(session), after)) return;
       if (event.key === "Escape") press("cancel")();
       else if (event.key === "Enter" && !(event.target as Element).matches("button, textarea")) press("ok")();
       else return;

@@ -118,6 +118,12 @@ class TextSync extends Directive {
       this.composing = false;
       this.SendWhole(box);
     });
+    // What comes next may act at the caret, so the console is told of it before.
+    box.addEventListener("tell-caret", () => this.TellCaret(box));
+    box.addEventListener("blur", (event) => {
+      const to = event.relatedTarget;
+      if (to instanceof Node && box.closest("dialog")?.contains(to)) this.TellCaret(box);
+    });
     // The browser selects the whole text of a box that is reached by Tab; here the console decides that.
     box.addEventListener("tab-focus", () => {
       const edits = this.lastEdit;
@@ -168,6 +174,16 @@ class TextSync extends Directive {
     }
     this.known = { start: ToConsole(this.raw, box.selectionStart ?? 0, multiline), length: 0 };
     this.lastEdit = this.port.Edit({ do: "type", control, text: this.keys });
+  }
+
+  private TellCaret(box: Box): void {
+    if (this.composing) return;
+    const { name: control, multiline } = this.control;
+    const start = ToConsole(this.raw, box.selectionStart ?? 0, multiline);
+    const length = ToConsole(this.raw, box.selectionEnd ?? 0, multiline) - start;
+    if (this.known?.start === start && this.known.length === length) return;
+    this.known = { start, length };
+    this.lastEdit = this.port.Edit({ do: "caret", control, start, length });
   }
 
   private SendWhole(box: Box): void {

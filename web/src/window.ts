@@ -34,7 +34,7 @@ export function Window(parts: WindowParts): TemplateResult {
     }}
   >
     <div class="title" @pointerdown=${(e: PointerEvent) => DragWindow(e, (e.currentTarget as Element).closest("dialog"))}>
-      <h2 id="${id}-title">${title}</h2>
+      <h2 id="${id}-title" title=${title}>${title}</h2>
       ${Close
         ? html`<button class="plain" tabindex="-1" aria-label="Close" title="Close" @click=${Close}>${Icon("close")}</button>`
         : nothing}

@@ -1,0 +1,113 @@
+#include "vbscript/library.h"
+#include "vbscript/text.h"
+
+namespace qv::vbscript {
+namespace {
+
+struct Constant {
+  const char16_t* name;
+  int value;
+};
+
+constexpr Constant kIntegers[] = {
+    {u"vbTrue", -1},
+    {u"vbFalse", 0},
+    {u"vbUseDefault", -2},
+    {u"vbBinaryCompare", 0},
+    {u"vbTextCompare", 1},
+    {u"vbDatabaseCompare", 2},
+    {u"vbSunday", 1},
+    {u"vbMonday", 2},
+    {u"vbTuesday", 3},
+    {u"vbWednesday", 4},
+    {u"vbThursday", 5},
+    {u"vbFriday", 6},
+    {u"vbSaturday", 7},
+    {u"vbUseSystem", 0},
+    {u"vbUseSystemDayOfWeek", 0},
+    {u"vbFirstJan1", 1},
+    {u"vbFirstFourDays", 2},
+    {u"vbFirstFullWeek", 3},
+    {u"vbGeneralDate", 0},
+    {u"vbLongDate", 1},
+    {u"vbShortDate", 2},
+    {u"vbLongTime", 3},
+    {u"vbShortTime", 4},
+    {u"vbEmpty", 0},
+    {u"vbNull", 1},
+    {u"vbInteger", 2},
+    {u"vbLong", 3},
+    {u"vbSingle", 4},
+    {u"vbDouble", 5},
+    {u"vbCurrency", 6},
+    {u"vbDate", 7},
+    {u"vbString", 8},
+    {u"vbObject", 9},
+    {u"vbError", 10},
+    {u"vbBoolean", 11},
+    {u"vbVariant", 12},
+    {u"vbDataObject", 13},
+    {u"vbDecimal", 14},
+    {u"vbByte", 17},
+    {u"vbArray", 8192},
+    {u"vbOKOnly", 0},
+    {u"vbOKCancel", 1},
+    {u"vbAbortRetryIgnore", 2},
+    {u"vbYesNoCancel", 3},
+    {u"vbYesNo", 4},
+    {u"vbRetryCancel", 5},
+    {u"vbCritical", 16},
+    {u"vbQuestion", 32},
+    {u"vbExclamation", 48},
+    {u"vbInformation", 64},
+    {u"vbDefaultButton1", 0},
+    {u"vbDefaultButton2", 256},
+    {u"vbDefaultButton3", 512},
+    {u"vbDefaultButton4", 768},
+    {u"vbApplicationModal", 0},
+    {u"vbSystemModal", 4096},
+    {u"vbOK", 1},
+    {u"vbCancel", 2},
+    {u"vbAbort", 3},
+    {u"vbRetry", 4},
+    {u"vbIgnore", 5},
+    {u"vbYes", 6},
+    {u"vbNo", 7},
+};
+
+constexpr Constant kLongs[] = {
+    {u"vbObjectError", -2147221504},
+    {u"vbMsgBoxHelpButton", 16384},
+    {u"vbMsgBoxSetForeground", 65536},
+    {u"vbMsgBoxRight", 524288},
+    {u"vbMsgBoxRtlReading", 1048576},
+    {u"vbBlack", 0},
+    {u"vbRed", 0xff},
+    {u"vbGreen", 0xff00},
+    {u"vbYellow", 0xffff},
+    {u"vbBlue", 0xff0000},
+    {u"vbMagenta", 0xff00ff},
+    {u"vbCyan", 0xffff00},
+    {u"vbWhite", 0xffffff},
+};
+
+struct TextConstant {
+  const char16_t* name;
+  std::u16string_view text;
+};
+
+constexpr TextConstant kTexts[] = {
+    {u"vbCr", u"\r"},      {u"vbLf", u"\n"},        {u"vbCrLf", u"\r\n"},      {u"vbNewLine", u"\r\n"},
+    {u"vbTab", u"\t"},     {u"vbFormFeed", u"\f"},  {u"vbVerticalTab", u"\v"}, {u"vbNullChar", {u"\0", 1}},
+    {u"vbNullString", u""},
+};
+
+}  // namespace
+
+void AddConstants(Context& context, Library& library) {
+  for (const Constant& row : kIntegers) library.AddConstant(row.name, Value::Integer(row.value));
+  for (const Constant& row : kLongs) library.AddConstant(row.name, Value::Long(row.value));
+  for (const TextConstant& row : kTexts) library.AddConstant(row.name, MakeText(context, row.text));
+}
+
+}  // namespace qv::vbscript
