@@ -11,8 +11,8 @@ struct ActionType {
   std::string_view Sentence;     // what a dialog that serves several types says of this one; empty for the others
 };
 
-// How each type writes its Values stands behind it; a plus sign joins what is fixed to what the person gives. There is no
-// escaping.
+// How each type writes its Values stands behind it; a plus sign joins what is fixed to what the person gives. There is
+// no escaping.
 namespace action_types {
 
 // Values empty.

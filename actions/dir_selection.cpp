@@ -95,8 +95,8 @@ void frmDirSelection::dirDrive_Change() {
 }
 
 Layout frmDirSelection::Arrange() const {
-  return layout::Column({layout::Item(dirDrive), layout::Grow(layout::Item(dirDir, 10)),
-                         layout::Buttons({&cmdOK, &cmdCancel})});
+  return layout::Column(
+      {layout::Item(dirDrive), layout::Grow(layout::Item(dirDir, 10)), layout::Buttons({&cmdOK, &cmdCancel})});
 }
 
 }  // namespace qv

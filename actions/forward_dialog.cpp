@@ -9,8 +9,9 @@ namespace {
 
 constexpr ActionDialogTraits kTraits{.name = "frmForward",
                                      .caption = "Action - Forward message",
-                                     .sentence = "This action creates a copy of the email and forwards it to a specified "
-                                                 "email address. The original email will not be deleted.",
+                                     .sentence =
+                                         "This action creates a copy of the email and forwards it to a specified "
+                                         "email address. The original email will not be deleted.",
                                      .type = action_types::kForwardToAddress};
 
 }  // namespace

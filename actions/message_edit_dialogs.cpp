@@ -9,16 +9,16 @@ namespace {
 constexpr ActionDialogTraits kAddHeaderTraits{
     .name = "frmTaskAddHeader",
     .caption = "Add Header",
-    .sentence =
-        "This action adds a header item to the message. If the header item already exists it will be replaced.",
+    .sentence = "This action adds a header item to the message. If the header item already exists it will be replaced.",
     .type = action_types::kAddHeader,
     .edit_failure = "Unable to add action"};
 
 constexpr ActionDialogTraits kAddPrefixTraits{
     .name = "frmTaskAddPrefix",
     .caption = "Add Subject Prefix",
-    .sentence = "This action adds a prefix to the subject of the message. If the prefix already exists for the subject, "
-                "it will not be added.",
+    .sentence =
+        "This action adds a prefix to the subject of the message. If the prefix already exists for the subject, "
+        "it will not be added.",
     .type = action_types::kAddSubjectPrefix,
     .edit_failure = "Unable to add action"};
 

@@ -13,21 +13,24 @@ namespace {
 
 constexpr ActionDialogTraits kSender{.name = "frmTaskNotifySender",
                                      .caption = "Action - Notify Sender",
-                                     .sentence = "This action sends a notification message to the sender, with the "
-                                                 "reason for the notification being the text below.",
+                                     .sentence =
+                                         "This action sends a notification message to the sender, with the "
+                                         "reason for the notification being the text below.",
                                      .type = action_types::kNotifySender,
                                      .add_failure = "Unable to add action"};
 
 constexpr ActionDialogTraits kRecipients{.name = "frmTaskNotifyRecipients",
                                          .caption = "Action - Notify Recipient",
-                                         .sentence = "This action sends a notification message to the recipient, with "
-                                                     "the reason for the notification being the text below.",
+                                         .sentence =
+                                             "This action sends a notification message to the recipient, with "
+                                             "the reason for the notification being the text below.",
                                          .type = action_types::kNotifyRecipients};
 
 constexpr ActionDialogTraits kAddress{.name = "frmTaskNotifyAddress",
                                       .caption = "Action - Notify Address",
-                                      .sentence = "This action sends a notification message to the specified address, "
-                                                  "with the reason for the notification being the text below.",
+                                      .sentence =
+                                          "This action sends a notification message to the specified address, "
+                                          "with the reason for the notification being the text below.",
                                       .type = action_types::kNotifyAddress};
 
 constexpr const char* kPrefix = "QVFILTER-";

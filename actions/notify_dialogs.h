@@ -4,8 +4,8 @@
 
 namespace qv {
 
-// The dialogs of the actions that send a notification: the server's own message with a reason, or a template, which is a
-// file of the configuration directory that these dialogs list and open but never write.
+// The dialogs of the actions that send a notification: the server's own message with a reason, or a template, which is
+// a file of the configuration directory that these dialogs list and open but never write.
 class NotifyDialog : public ActionDialog {
  protected:
   // The controls that the three dialogs share, behind those of their own.

@@ -7,8 +7,7 @@ namespace {
 constexpr ActionDialogTraits kBadMail{
     .name = "frmTaskBadMail",
     .caption = "Action - Copy to BadMail",
-    .sentence =
-        "This action copies the mail message to the BadMail folder. The original email will not be deleted.",
+    .sentence = "This action copies the mail message to the BadMail folder. The original email will not be deleted.",
     .type = action_types::kCopyToBadMail,
     .keeps_status = true};
 
@@ -25,8 +24,9 @@ constexpr ActionDialogTraits kQuarantine{.name = "FrmTaskQuarantine",
 
 constexpr ActionDialogTraits kMarkasSpam{.name = "frmTaskMarkasSpam",
                                          .caption = "Mark message as spam",
-                                         .sentence = "This action marks the message as spam. Spam messages will be sent "
-                                                     "to the users junk e-mail folder.",
+                                         .sentence =
+                                             "This action marks the message as spam. Spam messages will be sent "
+                                             "to the users junk e-mail folder.",
                                          .type = action_types::kMarkAsSpam,
                                          .edit_failure = "Unable to add action",
                                          .keeps_values = false,

@@ -5,7 +5,8 @@
 namespace qv {
 
 // Removes the attachments that match a list of patterns. No row of the action catalogue leads here. An opener sets the
-// public fields and calls ShowModal, which loads the task at edit; for the other modes it calls Load and LoadData first.
+// public fields and calls ShowModal, which loads the task at edit; for the other modes it calls Load and LoadData
+// first.
 class frmTaskStripAttachment : public ActionDialog {
  public:
   explicit frmTaskStripAttachment(Run& run);

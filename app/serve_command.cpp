@@ -4,11 +4,7 @@
 
 #include "app/commands.h"
 #include "app/server_options.h"
-
-#if __has_include("hosts/web/web_server.h")
 #include "hosts/web/web_server.h"
-#define QV_HAS_WEB_HOST 1
-#endif
 
 namespace qv {
 
@@ -16,31 +12,25 @@ namespace {
 
 struct ServeOptions {
   ServerOptions servers;
-  std::string address = "127.0.0.1";
-  unsigned short port = 0;
+  WebOptions web;
 };
 
 }  // namespace
 
 void AddServeCommand(CLI::App& program, int& status) {
   auto options = std::make_shared<ServeOptions>();
+  WebOptions& web = options->web;
   CLI::App* command = program.add_subcommand("serve", "Serve the console to a browser");
   AddServerOptions(*command, options->servers);
-  command->add_option("--address", options->address, "The address to listen on")->capture_default_str();
-  command->add_option("--port", options->port, "The port to listen on; 0 takes any that is free")
+  command->add_option("--address", web.address, "The address to listen on")->capture_default_str();
+  command->add_option("--port", web.port, "The port to listen on; 0 takes any that is free")->capture_default_str();
+  command->add_option("--host-name", web.host_names, "A further name that the server answers to")->take_all();
+  command->add_option("--max-sessions", web.max_sessions, "How many browsers may be connected at once")
+      ->check(CLI::Range(1, 100000))
       ->capture_default_str();
-  command->callback([options, &status] {
-    const std::unique_ptr<Servers> servers = OpenServers(options->servers);
-#ifdef QV_HAS_WEB_HOST
-    WebOptions web;
-    web.address = options->address;
-    web.port = options->port;
-    status = RunWeb(*servers, web, std::cout);
-#else
-    status = 1;
-    throw Refusal("this build has no web server");
-#endif
-  });
+  command->add_flag("--allow-remote", web.allow_remote,
+                    "Serve other machines too; what is sent can be read on the way");
+  command->callback([options, &status] { status = RunWeb(*OpenServers(options->servers), options->web, std::cout); });
 }
 
 }  // namespace qv

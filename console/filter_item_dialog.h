@@ -7,8 +7,8 @@
 
 namespace qv {
 
-// The dialog that makes a filter with its criteria, or changes one's name and status. Its fields survive from one use to
-// the next: an edit happens in the scope and on the server of the last AddFilter.
+// The dialog that makes a filter with its criteria, or changes one's name and status. Its fields survive from one use
+// to the next: an edit happens in the scope and on the server of the last AddFilter.
 class frmFilterItem : public Form {
  public:
   explicit frmFilterItem(Run& run);
@@ -38,10 +38,11 @@ class frmFilterItem : public Form {
   CheckBox chkStatus{*this, "chkStatus", "Filter is Enabled", true, &Frame2};
   Button cmdOK{*this, "cmdOK", "OK", Button::Role::Default};
   Button cmdCancel{*this, "cmdCancel", "&Cancel", Button::Role::Cancel};
-  Label Label2{*this, "Label2",
-               "Filters are currently disabled, so this filter will not occur until you have enabled the Quillvane Message "
-               "Filter under the Filter options for the server.",
-               Label::Look::Notice};
+  Label Label2{
+      *this, "Label2",
+      "Filters are currently disabled, so this filter will not occur until you have enabled the Quillvane Message "
+      "Filter under the Filter options for the server.",
+      Label::Look::Notice};
   // Below the form's lower edge at each of its heights; a new filter goes to the end of its scope whatever it says.
   Frame fmeSortOrder{*this, "fmeSortOrder", "Sort Order"};
   ListBox lstFilters{*this, "lstFilters", &fmeSortOrder};

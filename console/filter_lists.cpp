@@ -56,8 +56,8 @@ void Filtering::LoadFilterItems(ResultView& view, const std::string& postoffice,
       if (row.FilterEntryID == kSpamFilterID) return;
       const std::string key = "FILTER-" + row.FilterEntryID;
       const bool enabled = row.Status == 1;
-      ListItem& item = view.ListView.ListItems.Add(
-          key, row.Description, enabled ? images::kFilterEnabled : images::kFilterDisabled);
+      ListItem& item =
+          view.ListView.ListItems.Add(key, row.Description, enabled ? images::kFilterEnabled : images::kFilterDisabled);
       item.Tag = key;
       item.SubItems = {{"1" + key, row.Description}, {"2" + key, enabled ? "Enabled" : "Disabled"}};
     });

@@ -7,8 +7,9 @@
 
 namespace qv {
 
-// The list of a scope's filters in their order, with the two buttons that move the selected one: what the ordering dialog
-// and the filter pages share. Every move is in the store before the list shows it. It attaches the buttons' handlers.
+// The list of a scope's filters in their order, with the two buttons that move the selected one: what the ordering
+// dialog and the filter pages share. Every move is in the store before the list shows it. It attaches the buttons'
+// handlers.
 //
 // A list without a selected row counts as neither at its first nor at its last row, unless it has one row only; the
 // buttons then do nothing.

@@ -39,10 +39,7 @@ const NodeType* FindNodeType(const std::string& name) { return Find(NodeTypes(),
 // The first letter of a column's key is its sort kind. Those of lvwFilters have none, so its rows stay in store order.
 const std::vector<ViewType>& ViewTypes() {
   static const std::vector<ViewType> types = {
-      {"lvwFilters",
-       "{A5F7BB86-23B8-46CA-9807-25F9EE2F69A8}",
-       "filter",
-       {{"1", "Filter", 300}, {"2", "Status", 300}}},
+      {"lvwFilters", "{A5F7BB86-23B8-46CA-9807-25F9EE2F69A8}", "filter", {{"1", "Filter", 300}, {"2", "Status", 300}}},
       {"lvwPOFilters",
        "{E93050B2-7197-4BC4-95A2-6EBCE28E5FC0}",
        "filter",

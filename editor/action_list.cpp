@@ -104,7 +104,9 @@ void ActionList::LoadTasks(const std::string& id, long select_index) {
 
 void ActionList::AddActionRow(const Action& action) {
   controls_.lvwActions.AddRow({"CRITERIA-" + action.ActionID + "-TASK-" + action.TaskID,
-                               RowText(action.TaskType, action.Description), {}, action.Status == 1});
+                               RowText(action.TaskType, action.Description),
+                               {},
+                               action.Status == 1});
 }
 
 void ActionList::RefreshActionRows() {

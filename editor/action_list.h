@@ -9,9 +9,9 @@
 
 namespace qv {
 
-// The ordered actions of one filter in the management dialog: their list and its buttons. Every change goes to the store
-// at once. The store has no operation that moves a task, so the list keeps a copy of all of them, and a move removes
-// every task of the filter and adds them again in the new order.
+// The ordered actions of one filter in the management dialog: their list and its buttons. Every change goes to the
+// store at once. The store has no operation that moves a task, so the list keeps a copy of all of them, and a move
+// removes every task of the filter and adds them again in the new order.
 class ActionList {
  public:
   struct Controls {
@@ -28,7 +28,8 @@ class ActionList {
   // raises.
   void Open(const std::string& id, const std::string& postoffice, const std::string& mailbox, const std::string& host);
 
-  // Reads the tasks of `id` and rebuilds records and rows. Selects the row at `select_index`, counted from 1; none for 0.
+  // Reads the tasks of `id` and rebuilds records and rows. Selects the row at `select_index`, counted from 1; none for
+  // 0.
   void LoadTasks(const std::string& id, long select_index);
   // Exchanges two records by their positions from 0, and selects the row that the second one names.
   void ListSwap(long index_a, long index_b);

@@ -30,8 +30,7 @@ void frmActionSelect::cmdOK_Click() {
 }
 
 Layout frmActionSelect::Arrange() const {
-  return layout::Column(
-      {layout::Grow(layout::Field(Label1, lstActions, 12)), layout::Buttons({&cmdOK, &cmdCancel})});
+  return layout::Column({layout::Grow(layout::Field(Label1, lstActions, 12)), layout::Buttons({&cmdOK, &cmdCancel})});
 }
 
 }  // namespace qv

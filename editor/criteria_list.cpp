@@ -76,8 +76,10 @@ void CriteriaList::lvLoadCriteria(const std::string& ID, RowList& List, long Sel
   while (result == 1) {
     found = true;
     if (IsListed(criteria->RuleID, system_scope)) {
-      List.AddRow({KeyOf(criteria->CriteriaID, criteria->RuleID), StatusText(criteria->Status == 1),
-                   {criteria->Description}, false});
+      List.AddRow({KeyOf(criteria->CriteriaID, criteria->RuleID),
+                   StatusText(criteria->Status == 1),
+                   {criteria->Description},
+                   false});
     }
     set_template(std::string(criteria->CriteriaID));
     result = criteria->FindNextCriteria();

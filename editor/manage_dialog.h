@@ -15,8 +15,8 @@ class frmManage : public Form {
  public:
   explicit frmManage(Run& run);
 
-  // Shows the dialog for a filter and returns when it has been closed. An ID of the form FLT is rewritten to the CRT form
-  // in place. Raises RuntimeError when the store can't be read; the dialog isn't shown then.
+  // Shows the dialog for a filter and returns when it has been closed. An ID of the form FLT is rewritten to the CRT
+  // form in place. Raises RuntimeError when the store can't be read; the dialog isn't shown then.
   void EditFilter(std::string& ID, const std::string& Postoffice, const std::string& Mailbox, const std::string& Host);
 
   Layout Arrange() const override;
@@ -33,19 +33,21 @@ class frmManage : public Form {
   RowList lvwCriteria{
       *this, "lvwCriteria", {{"status", "Status", 1200}, {"description", "Description", 7200}}, false, &Frame1};
   Frame Frame2{*this, "Frame2", "Actions"};
-  Label Label2{*this, "Label2",
-               "Add the actions that will be performed when the above criteria are met. Double click an item to edit its "
-               "properties.",
-               &Frame2, Label::Look::Help};
+  Label Label2{
+      *this, "Label2",
+      "Add the actions that will be performed when the above criteria are met. Double click an item to edit its "
+      "properties.",
+      &Frame2, Label::Look::Help};
   RowList lvwActions{*this, "lvwActions", {{"", "Action", 5000}}, true, &Frame2};
   Button cmdAdd{*this, "cmdAdd", "Add Action...", &Frame2};
   Button cmdDelete{*this, "cmdDelete", "Delete Action", &Frame2};
   Button cmdUp{*this, "cmdUp", Button::Picture::Up, "Move action up", &Frame2};
   Button cmdDown{*this, "cmdDown", Button::Picture::Down, "Move action down", &Frame2};
-  Label lblDisabled{*this, "lblDisabled",
-                    "Filters are currently disabled, so this filter will not occur until you have enabled filters on the "
-                    "server. This can be done under the Servers|[Servername]|Filters item.",
-                    Label::Look::Notice};
+  Label lblDisabled{
+      *this, "lblDisabled",
+      "Filters are currently disabled, so this filter will not occur until you have enabled filters on the "
+      "server. This can be done under the Servers|[Servername]|Filters item.",
+      Label::Look::Notice};
   Button cmdClose{*this, "cmdClose", "Close"};
 
  private:

@@ -9,8 +9,8 @@ namespace qv {
 namespace {
 
 std::string ScriptPath(Run& run, const std::string& id, const std::string& postoffice, const char* extension) {
-  const std::string folder = postoffice.empty() ? "\\Filters\\Criteria\\"
-                                                : "\\postoffices\\" + postoffice + "\\rules\\Criteria\\";
+  const std::string folder =
+      postoffice.empty() ? "\\Filters\\Criteria\\" : "\\postoffices\\" + postoffice + "\\rules\\Criteria\\";
   return GetConfigurationDirectory(run, "") + folder + id + extension;
 }
 

@@ -53,12 +53,14 @@ need_build() {
   need_npm_packages
 }
 
+configure() { cmake --preset "$1" --log-level=WARNING; }
+
 # build PRESET [TARGET...]
 build() {
   local preset=$1
   shift
   say "Building ($preset)"
-  cmake --preset "$preset" --log-level=WARNING
+  configure "$preset"
   if [ $# = 0 ]; then
     cmake --build --preset "$preset"
   else

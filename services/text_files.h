@@ -6,8 +6,8 @@
 
 namespace qv {
 
-// Whole files as text. Neither raises nor reports anything: a file that can't be read reads as an empty text, and a text
-// that can't be written is lost.
+// Whole files as text. Neither raises nor reports anything: a file that can't be read reads as an empty text, and a
+// text that can't be written is lost.
 
 // Empty for a file that is missing, empty or unreadable.
 std::string ReadTextFile(Run& run, const std::string& path);

@@ -82,6 +82,8 @@ enum class Op : std::uint16_t {
   kWithInit,  // b = the object c
   kSubject,   // b = the value c that is compared with the cases
   kIndex,     // a = b(c)
+  kIndexRef,  // a refers to b(c), for the next instruction only
+  kAddElement,  // a = b + c(register n)
   kIndexN,    // a = b(n indexes from c on)
   kIndexLet,  // a(b) = c; n: Set
   kIndexLetN,  // a(n indexes from b on) = the value behind them; c: Set

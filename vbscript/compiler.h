@@ -100,6 +100,8 @@ class Compiler {
   // Expressions. `want` asks for the result in that variable or register.
   Operand Evaluate(const Expr* expr, Operand want = kNoOperand);
   Operand ToTemp(const Expr* expr);
+  Operand Element(const Expr* expr);
+  bool AddsElement(Operand into, Operand left, Operand right);
   Operand Leaf(const Expr* expr, Operand want);
   Operand NameValue(const Expr* expr, Operand want);
   Operand BinaryValue(const Expr* expr, Operand want);

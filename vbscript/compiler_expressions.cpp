@@ -159,6 +159,30 @@ std::uint32_t Compiler::Flag(const Expr* left, const Expr* right) const {
   return (left->bare_literal ? 1U : 0U) | (right->bare_literal ? 2U : 0U);
 }
 
+// An operand that the next instruction uses up: an element of an array is then looked at where it is.
+Operand Compiler::Element(const Expr* expr) {
+  if (expr->kind != ExprKind::kCall || expr->left->kind != ExprKind::kName || expr->args.size() != 1) {
+    return Evaluate(expr);
+  }
+  const Name name = Resolve(expr->left->name);
+  if (name.kind != Name::Kind::kDirect || name.is_result) return Evaluate(expr);
+  const Operand into = Temp();
+  const Operand index = Evaluate(expr->args[0]);
+  NameHere(Spelled(expr->left));
+  Emit(Op::kIndexRef, into, name.operand, index);
+  next_temp_ = SlotOf(into) + 1;
+  return into;
+}
+
+// Makes one instruction of the reference to an element, just emitted, and the addition that it is for.
+bool Compiler::AddsElement(Operand into, Operand left, Operand right) {
+  if (code_->code.empty()) return false;
+  Instr& last = code_->code.back();
+  if (last.a != right || last.op != Op::kIndexRef || TableOf(last.c) != Table::kRegister || SlotOf(last.c) > 0xffff) return false;
+  last = {Op::kAddElement, static_cast<std::uint16_t>(SlotOf(last.c)), into, left, last.b};
+  return true;
+}
+
 // Long chains such as a & b & c lean to the left, so that side is walked by a loop.
 Operand Compiler::BinaryValue(const Expr* expr, Operand want) {
   std::vector<const Expr*> chain;
@@ -169,10 +193,14 @@ Operand Compiler::BinaryValue(const Expr* expr, Operand want) {
   for (auto node = chain.rbegin(); node != chain.rend(); ++node) {
     const Expr* right_side = (*node)->right;
     if (!IsTemp(left) && TableOf(left) != Table::kConstant && MayCall(right_side)) left = Settle(left, Temp());
-    const Operand right = Evaluate(right_side);
+    const Operand right = Element(right_side);
     const bool last = *node == expr;
     next_temp_ = base;
     const Operand into = last && want != kNoOperand ? want : Temp();
+    if (right_side->kind == ExprKind::kCall && (*node)->op == Tok::kPlus && AddsElement(into, left, right)) {
+      left = into;
+      continue;
+    }
     const std::uint32_t flags = IsComparison((*node)->op) ? Flag((*node)->left, right_side) : 0;
     Emit(OpOf((*node)->op), into, left, right, flags);
     left = into;
@@ -202,7 +230,7 @@ void Compiler::JumpOn(const Expr* condition, bool sense, std::uint32_t target) {
   if (condition->kind == ExprKind::kBinary && IsComparison(condition->op)) {
     Operand left = Evaluate(condition->left);
     if (!IsTemp(left) && TableOf(left) != Table::kConstant && MayCall(condition->right)) left = Settle(left, Temp());
-    const Operand right = Evaluate(condition->right);
+    const Operand right = Element(condition->right);
     const auto shift = Distance(Op::kEqual, OpOf(condition->op));
     const Op first = sense ? Op::kJumpEqual : Op::kUnlessEqual;
     Emit(static_cast<Op>(static_cast<std::uint16_t>(first) + shift), target, left, right,

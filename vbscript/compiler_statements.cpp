@@ -162,6 +162,8 @@ void Compiler::AssignName(const Stmt& stmt, bool is_set) {
   }
   const Operand from = Evaluate(value);
   Emit(IsTemp(from) ? Op::kLetMove : Op::kLet, variable, from);
+  // The register has been emptied.
+  if (IsTemp(from) && dirty_end_ == SlotOf(from) + 1) dirty_end_ = SlotOf(from);
 }
 
 void Compiler::AssignMember(const Expr* object, Atom member, const std::vector<Expr*>& args, const Expr* target,

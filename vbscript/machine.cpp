@@ -5,12 +5,12 @@
 #include <new>
 
 #include "vbscript/failure.h"
+#include "vbscript/machine_frames.h"
 #include "vbscript/text.h"
 
 namespace qv::vbscript {
 namespace {
 
-constexpr std::size_t kStackValues = 1U << 18;
 // How often running may nest in the program's own stack, through default properties, executed texts and the like.
 constexpr int kNativeDepth = 100;
 
@@ -20,7 +20,8 @@ Machine::Machine(const EngineOptions& options)
     : Context(options.memory_limit, options.string_limit, options.interrupt, options.step_limit),
       options_(options),
       library_(atoms_),
-      stack_(static_cast<Value*>(std::calloc(kStackValues, sizeof(Value)))) {
+      stack_(static_cast<Value*>(std::calloc(kStackValues, sizeof(Value)))),
+      stack_end_(stack_ + kStackValues) {
   if (!stack_) throw std::bad_alloc();
   frames_.resize(static_cast<std::size_t>(std::max(options.depth_limit, 1)));
   AddStringFunctions(library_);
@@ -44,42 +45,7 @@ Value* Machine::StackTop() {
   return depth_ == 0 ? stack_ : frame().registers + frame().procedure->registers;
 }
 
-// Opens a frame whose arguments stand behind t, where the result will come to.
-void Machine::Enter(const Procedure& procedure, Value* t, std::uint32_t count, ScriptObject* me) {
-  if (count != procedure.params) RaiseNamed(kArgumentCount, procedure.spelling);
-  Value* registers = t + 1;
-  if (depth_ == frames_.size() ||
-      static_cast<std::size_t>(stack_ + kStackValues - registers) < procedure.registers + 64U) {
-    RaiseNamed(kOutOfStack, procedure.spelling);
-  }
-  Poll();
-  Frame& made = frames_[depth_++];
-  made.procedure = &procedure;
-  made.pc = procedure.code.data();
-  made.registers = registers;
-  made.me = me;
-  made.result = t;
-  made.made = nullptr;
-  made.activation = -1;
-  made.resume_next = false;
-}
-
-// Closes the frame. What lies above the registers of the frame below is empty at all times.
-void Machine::Leave() {
-  Frame& done = frame();
-  Value* registers = done.registers;
-  const std::uint32_t count = done.procedure->registers;
-  Value* into = done.result;
-  Value result = std::move(registers[done.procedure->result]);
-  for (std::uint32_t k = 0; k < count; ++k) registers[k].Clear();
-  Drop();
-  *into = std::move(result);
-}
-
-void Machine::Drop() {
-  delete frame().made;
-  --depth_;
-}
+void Machine::FailToEnter(const Procedure& procedure, int number) { RaiseNamed(number, procedure.spelling); }
 
 // Runs the innermost frame and what it calls until it is left.
 void Machine::RunFrom(std::size_t base) {
@@ -148,7 +114,7 @@ bool Machine::Handle(Failure& failure, std::size_t base) {
 Value Machine::Call(Procedure& procedure, ScriptObject* me, const Value* args, int count) {
   if (native_depth_ >= kNativeDepth) RaiseNamed(kOutOfStack, procedure.spelling);
   Value* t = StackTop();
-  if (t + count + 64 > stack_ + kStackValues) RaiseNamed(kOutOfStack, procedure.spelling);
+  if (stack_end_ - t < count + 64) RaiseNamed(kOutOfStack, procedure.spelling);
   for (int k = 0; k < count; ++k) t[k + 1] = args[k];
   const std::size_t base = depth_;
   try {

@@ -8,6 +8,7 @@
 #include "vbscript/array.h"
 #include "vbscript/class_object.h"
 #include "vbscript/code.h"
+#include "vbscript/compare.h"
 #include "vbscript/compiler.h"
 #include "vbscript/engine.h"
 #include "vbscript/err_object.h"
@@ -63,6 +64,7 @@ class Machine final : public Context {
   void RunFrom(std::size_t base);
   void Loop(std::size_t base);
   void Enter(const Procedure& procedure, Value* t, std::uint32_t count, ScriptObject* me);
+  [[noreturn]] static void FailToEnter(const Procedure& procedure, int number);
   void Leave();
   Value* StackTop();
   bool Handle(Failure& failure, std::size_t base);
@@ -91,6 +93,8 @@ class Machine final : public Context {
   bool AssignMember(Value* t, Atom member, std::uint32_t n, bool is_set, bool own);
   bool CallNative(Value* t, Object& object, Atom member, Access access, std::uint32_t n);
   void CallIntrinsic(Value& into, Value* args, std::uint32_t number, std::uint32_t n);
+  Value Binary(Op op, const Value& left, const Value& right, unsigned literals);
+  bool Compared(Comparison kind, const Value& left, const Value& right, unsigned literals);
   void Let(Value& target, const Value& value);
   void Set(Value& target, const Value& value);
   void Index(Value& into, const Value& container, const Value* indexes, std::uint32_t n);
@@ -109,6 +113,8 @@ class Machine final : public Context {
   [[noreturn]] void FailMember(int number) const;
   std::string NameHere() const;
 
+  static constexpr std::size_t kStackValues = 1U << 18;
+
   EngineOptions options_;
   Atoms atoms_;
   Library library_;
@@ -118,6 +124,7 @@ class Machine final : public Context {
   std::vector<Frame> frames_;  // the first depth_ of them are in use
   std::size_t depth_ = 0;
   Value* stack_;
+  Value* stack_end_;
   int native_depth_ = 0;
   ErrorState error_;
   Random random_;

@@ -1,6 +1,6 @@
 #include "vbscript/convert.h"
 #include "vbscript/failure.h"
-#include "vbscript/machine.h"
+#include "vbscript/machine_frames.h"
 #include "vbscript/regexp_object.h"
 
 namespace qv::vbscript {

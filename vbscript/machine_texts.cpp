@@ -1,5 +1,5 @@
 #include "vbscript/failure.h"
-#include "vbscript/machine.h"
+#include "vbscript/machine_frames.h"
 #include "vbscript/parser.h"
 #include "vbscript/text.h"
 

@@ -11,6 +11,61 @@ constexpr std::size_t kMostIndexes = 64;
 
 }  // namespace
 
+// An object's default property may run code that changes what the other operand stands for, so that both are copied
+// where one is an object.
+Value Machine::Binary(Op op, const Value& left_operand, const Value& right_operand, unsigned literals) {
+  const Value& left = left_operand.Deref();
+  const Value& right = right_operand.Deref();
+  if (left.Is(Type::Object) || right.Is(Type::Object)) {
+    const Value left_copy = left;
+    const Value right_copy = right;
+    const Value left_value = left_copy.Is(Type::Object) ? DefaultValue(left_copy) : left_copy;
+    const Value right_value = right_copy.Is(Type::Object) ? DefaultValue(right_copy) : right_copy;
+    return Binary(op, left_value, right_value, literals);
+  }
+  switch (op) {
+    case Op::kAdd:
+      return Add(*this, left, right);
+    case Op::kSubtract:
+      return Subtract(*this, left, right);
+    case Op::kMultiply:
+      return Multiply(*this, left, right);
+    case Op::kDivide:
+      return Divide(*this, left, right);
+    case Op::kIntDivide:
+      return IntDivide(*this, left, right);
+    case Op::kModulo:
+      return Modulo(*this, left, right);
+    case Op::kPower:
+      return Power(*this, left, right);
+    case Op::kConcat:
+      return Concat(*this, left, right);
+    case Op::kEqual:
+      return CompareValues(*this, Comparison::kEqual, left, right, literals);
+    case Op::kNotEqual:
+      return CompareValues(*this, Comparison::kNotEqual, left, right, literals);
+    case Op::kLess:
+      return CompareValues(*this, Comparison::kLess, left, right, literals);
+    case Op::kGreater:
+      return CompareValues(*this, Comparison::kGreater, left, right, literals);
+    case Op::kLessEqual:
+      return CompareValues(*this, Comparison::kLessEqual, left, right, literals);
+    case Op::kGreaterEqual:
+      return CompareValues(*this, Comparison::kGreaterEqual, left, right, literals);
+    default:
+      return Logic(*this, op, left, right);
+  }
+}
+
+bool Machine::Compared(Comparison kind, const Value& left, const Value& right, unsigned literals) {
+  if (!left.Is(Type::Object) && !right.Is(Type::Object)) return Holds(*this, kind, left, right, literals);
+  const Value left_copy = left;
+  const Value right_copy = right;
+  const Value left_value = left_copy.Is(Type::Object) ? DefaultValue(left_copy) : left_copy;
+  const Value right_value = right_copy.Is(Type::Object) ? DefaultValue(right_copy) : right_copy;
+  return Holds(*this, kind, left_value, right_value, literals);
+}
+
 void Machine::Let(Value& target, const Value& value) {
   if (value.Is(Type::Object)) {
     target = DefaultValue(value);

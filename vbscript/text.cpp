@@ -19,6 +19,44 @@ StringRep* MakeRep(Context& context, std::size_t used, std::size_t capacity) {
   return rep;
 }
 
+constexpr std::size_t kBlock = 64;
+
+// Passes over blocks in which no place has both the first character and, `reach` behind it, the last one. What is left
+// before `end` may be less than a block.
+[[gnu::always_inline]] inline std::size_t SkipBlocksWith(const char16_t* text, std::size_t i, std::size_t end,
+                                                         char16_t first, char16_t last, std::size_t reach) {
+  for (; i + kBlock <= end; i += kBlock) {
+    char16_t any = 0;
+    for (std::size_t k = 0; k < kBlock; ++k) {
+      const char16_t difference = static_cast<char16_t>((text[i + k] ^ first) | (text[i + k + reach] ^ last));
+      any = static_cast<char16_t>(any | (difference == 0 ? 1 : 0));
+    }
+    if (any) break;
+  }
+  return i;
+}
+
+std::size_t SkipBlocksPlainly(const char16_t* text, std::size_t i, std::size_t end, char16_t first, char16_t last,
+                              std::size_t reach) {
+  return SkipBlocksWith(text, i, end, first, last, reach);
+}
+
+#if defined(__x86_64__)
+// The same for processors with wider registers.
+[[gnu::target("avx2")]] std::size_t SkipBlocksWide(const char16_t* text, std::size_t i, std::size_t end, char16_t first,
+                                                   char16_t last, std::size_t reach) {
+  return SkipBlocksWith(text, i, end, first, last, reach);
+}
+#endif
+
+std::size_t SkipBlocks(const char16_t* text, std::size_t i, std::size_t end, char16_t first, char16_t last,
+                       std::size_t reach) {
+#if defined(__x86_64__)
+  if (__builtin_cpu_supports("avx2")) return SkipBlocksWide(text, i, end, first, last, reach);
+#endif
+  return SkipBlocksPlainly(text, i, end, first, last, reach);
+}
+
 Value Extend(Context& context, const Value& left, const char* bytes, std::size_t count) {
   const std::size_t have = left.bytes();
   const std::size_t total = have + count;
@@ -80,7 +118,11 @@ std::u16string ToUtf16(std::string_view utf8) {
   out.reserve(utf8.size());
   for (std::size_t i = 0; i < utf8.size();) {
     const auto lead = static_cast<unsigned char>(utf8[i]);
-    const int more = lead < 0x80 ? 0 : lead >= 0xc2 && lead < 0xe0 ? 1 : (lead & 0xf0) == 0xe0 ? 2 : lead >= 0xf0 && lead < 0xf5 ? 3 : -1;
+    const int more = lead < 0x80                   ? 0
+                     : lead >= 0xc2 && lead < 0xe0 ? 1
+                     : (lead & 0xf0) == 0xe0       ? 2
+                     : lead >= 0xf0 && lead < 0xf5 ? 3
+                                                   : -1;
     char32_t c = more <= 0 ? lead : lead & (0x3f >> more);
     int taken = 0;
     while (taken < more && i + 1 + static_cast<std::size_t>(taken) < utf8.size()) {
@@ -193,28 +235,13 @@ std::size_t Search(Context& context, std::u16string_view text, std::u16string_vi
     }
     return std::u16string_view::npos;
   }
-  // Blocks in which neither the first nor the last character meets are passed over at once.
-  constexpr std::size_t kBlock = 32;
-  const char16_t* p = text.data();
-  const char16_t first = find.front();
-  const char16_t last = find.back();
-  const std::size_t reach = find.size() - 1;
   const std::size_t bytes = find.size() * sizeof(char16_t);
   while (i < end) {
-    if (i + kBlock <= end) {
-      char16_t any = 0;
-      for (std::size_t k = 0; k < kBlock; ++k) {
-        any = static_cast<char16_t>(any | (static_cast<int>(p[i + k] == first) & static_cast<int>(p[i + k + reach] == last)));
-      }
-      if (!any) {
-        i += kBlock;
-        continue;
-      }
-    }
+    i = SkipBlocks(text.data(), i, end, find.front(), find.back(), find.size() - 1);
     const std::size_t stop = std::min(end, i + kBlock);
     for (; i < stop; ++i) {
-      if (p[i] != first || p[i + reach] != last) continue;
-      if (std::memcmp(p + i, find.data(), bytes) == 0) return i;
+      if (text[i] != find.front() || text[i + find.size() - 1] != find.back()) continue;
+      if (std::memcmp(text.data() + i, find.data(), bytes) == 0) return i;
       context.Poll(static_cast<int>(std::min<std::size_t>(bytes / 64 + 1, 1024)));
     }
   }

@@ -15,6 +15,9 @@ constexpr std::size_t kMostShrinking = 1032;
 
 const Asset* FindAsset(std::span<const Asset> assets, std::string_view path) {
   if (path == "/") path = "/index.html";
+  if (path == "/help/") path = "/help/index.html";
+  // What the script editor's help opens.
+  if (path == "/quillvane/help/filtering_scripting.asp") path = "/help/filtering_scripting.html";
   for (const Asset& asset : assets) {
     if (asset.path == path) return &asset;
   }

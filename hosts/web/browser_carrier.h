@@ -18,9 +18,9 @@ namespace qv {
 class BrowserCarrier : public Carrier {
  public:
   struct Limits {
-    std::size_t waiting_messages = 1000;      // that the session has not taken yet
+    std::size_t waiting_messages = 1000;  // that the session has not taken yet
     std::size_t waiting_bytes = 8 << 20;
-    std::size_t unsent_bytes = 8 << 20;       // above it Send waits for the browser
+    std::size_t unsent_bytes = 8 << 20;  // above it Send waits for the browser
   };
 
   // `deliver` brings a message on its way to the browser and may be called from any thread. Each message is reported to

@@ -17,6 +17,7 @@
 #include <boost/beast/websocket/stream.hpp>
 #include <ctime>
 #include <deque>
+#include <iostream>
 #include <set>
 
 #include "hosts/web/transport.h"
@@ -201,7 +202,13 @@ class HttpConnection : public Connection, public std::enable_shared_from_this<Ht
     request.if_none_match = message[http::field::if_none_match];
     request.accept_encoding = message[http::field::accept_encoding];
     request.upgrade = websocket::is_upgrade(message);
-    WebReply reply = hall_.site->Answer(request);
+    WebReply reply;
+    try {
+      reply = hall_.site->Answer(request);
+    } catch (const RuntimeError& error) {
+      std::cerr << "A request failed: " << error.description() << std::endl;
+      reply.status = 500;
+    }
     if (!reply.session) {
       // A body that nobody wants to read ends the connection.
       const bool keep = message.keep_alive() && parser_->is_done();

@@ -135,12 +135,11 @@ WebReply FrontDoor::AnswerToken(std::string_view token, bool known, bool& redeem
   redeemed = !key.empty();
   // A browser that has been let in may open its address again.
   if (!redeemed && !known)
-    return Page(403, "This address is no longer valid", "It has been used, or the program has been started anew since. " +
-                                                            std::string(kAskForAddress));
+    return Page(403, "This address is no longer valid",
+                "It has been used, or the program has been started anew since. " + std::string(kAskForAddress));
   WebReply reply = Page(303, "Come in", "The console is at <a href=\"/\">the start page</a>.");
   reply.headers.emplace_back("Location", "/");
-  if (redeemed)
-    reply.headers.emplace_back("Set-Cookie", cookie_ + "=" + key + "; HttpOnly; SameSite=Strict; Path=/");
+  if (redeemed) reply.headers.emplace_back("Set-Cookie", cookie_ + "=" + key + "; HttpOnly; SameSite=Strict; Path=/");
   return reply;
 }
 

@@ -1,3 +1,4 @@
+#include <malloc.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -12,6 +13,8 @@ namespace qv {
 int RunWeb(Servers& servers, const WebOptions& options, std::ostream& out) {
   // A reader of the output that goes away must not take the sessions along.
   std::signal(SIGPIPE, SIG_IGN);
+  // Sessions mostly wait: a heap for each core would only scatter what they keep.
+  mallopt(M_ARENA_MAX, 4);
   WebServer server([&servers](Carrier& carrier) { RunSession(servers, carrier); },
                    [&servers] { return servers.MakeFiles(); }, EmbeddedAssets(), options, out);
   server.MindSignals();

@@ -150,18 +150,18 @@ bool IsStopMessage(std::string_view message) {
   return stop && stop->is_bool() && stop->get_bool();
 }
 
-std::string AnswerFileMessage(Files& files, std::string_view message) {
+std::string AnswerFileMessage(const OpenFiles& open, std::string_view message) {
   const json::value parsed = Parse(message);
   json::object answer;
   if (!parsed.is_object()) {
     answer["error"] = "A JSON object is wanted.";
   } else {
     try {
-      answer["file"] = Answer(files, parsed.get_object());
+      answer["file"] = Answer(*open(), parsed.get_object());
     } catch (const Refused& refused) {
       answer["error"] = refused.why;
-    } catch (const RuntimeError& error) {
-      answer["error"] = ValidUtf8(error.description());
+    } catch (const std::exception& error) {  // nothing that a file does may end the program
+      answer["error"] = ValidUtf8(error.what());
     }
     if (const json::value* id = parsed.get_object().if_contains("id")) answer["id"] = *id;
   }
@@ -192,7 +192,7 @@ void FileWindow::Work() {
     const Question question = std::move(questions_.front());
     questions_.pop_front();
     lock.unlock();
-    question.reply(AnswerFileMessage(*open_(), question.message));
+    question.reply(AnswerFileMessage(open_, question.message));
     lock.lock();
   }
 }

@@ -13,6 +13,8 @@
 
 namespace qv {
 
+using OpenFiles = std::function<std::unique_ptr<Files>()>;
+
 // The text windows of a browser read and write the word files and templates past the console: the files that are named
 // QVFILTER-*.TXT, in any case of the extension, below the configuration directory.
 
@@ -30,13 +32,12 @@ bool IsStopMessage(std::string_view message);
 // or {"error":"..."}, each with the message's "id". A version stands for a content, "" for a missing file. A new file
 // and one with CR LF in it are written with CR LF throughout, others with the text's own line ends. A text that the
 // server's code page cannot hold is refused as a whole.
-std::string AnswerFileMessage(Files& files, std::string_view message);
+std::string AnswerFileMessage(const OpenFiles& open, std::string_view message);
 
 // Answers file messages one after the other on a thread of its own.
 class FileWindow {
  public:
-  using Open = std::function<std::unique_ptr<Files>()>;
-  explicit FileWindow(Open open) : open_(std::move(open)) {}
+  explicit FileWindow(OpenFiles open) : open_(std::move(open)) {}
   // Leaves what has not been begun.
   ~FileWindow();
 
@@ -50,7 +51,7 @@ class FileWindow {
   };
   void Work();
 
-  const Open open_;
+  const OpenFiles open_;
   std::mutex mutex_;
   std::condition_variable changed_;
   std::deque<Question> questions_;

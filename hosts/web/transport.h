@@ -17,21 +17,21 @@ namespace qv {
 
 struct WebRequest {
   std::string_view method;
-  std::string_view target;              // the path with its query, as given
+  std::string_view target;                 // the path with its query, as given
   std::optional<std::string_view> host;    // nothing when the header is missing or given several times
   std::optional<std::string_view> origin;  // likewise
-  std::string cookies;                  // all cookie headers, separated by ";"
+  std::string cookies;                     // all cookie headers, separated by ";"
   std::string_view if_none_match;
   std::string_view accept_encoding;
-  bool upgrade = false;                 // wants to become a WebSocket
+  bool upgrade = false;  // wants to become a WebSocket
 };
 
 struct WebReply {
   int status = 200;
   std::vector<std::pair<std::string_view, std::string>> headers;  // all but the length and the connection's
-  std::string text;        // the body
-  std::string_view bytes;  // the body, when it lasts as long as the program
-  bool session = false;    // the request becomes a session; nothing else counts then
+  std::string text;                                               // the body
+  std::string_view bytes;                                         // the body, when it lasts as long as the program
+  bool session = false;  // the request becomes a session; nothing else counts then
 };
 
 // A browser at the other end of a WebSocket.

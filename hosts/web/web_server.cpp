@@ -4,12 +4,10 @@
 
 #include <iostream>
 #include <map>
-#include <mutex>
 #include <ostream>
 
 #include "hosts/web/front_door.h"
 #include "hosts/web/small_thread.h"
-#include "hosts/web/text_files.h"
 #include "platform/runtime_error.h"
 
 namespace qv {
@@ -31,8 +29,8 @@ std::vector<std::string> Names(const WebOptions& options) {
 
 class WebServer::Site : public WebSite {
  public:
-  Site(Session session, OpenFiles files, std::span<const Asset> assets, const WebOptions& options,
-       Transport& transport, std::ostream& out)
+  Site(Session session, OpenFiles files, std::span<const Asset> assets, const WebOptions& options, Transport& transport,
+       std::ostream& out)
       : session_(std::move(session)),
         options_(options),
         transport_(transport),
@@ -76,12 +74,13 @@ class WebServer::Site::BrowserSession : public WebSession {
   BrowserSession(Site& site, std::weak_ptr<WebPeer> peer)
       : site_(site),
         peer_(std::move(peer)),
-        carrier_(std::make_shared<BrowserCarrier>(site.options_.limits, [&transport = site.transport_, to = peer_](
-                                                                            std::string message) {
-          transport.Post([to, text = std::move(message)]() mutable {
-            if (const auto browser = to.lock()) browser->Send(std::move(text));
-          });
-        })) {}
+        carrier_(std::make_shared<BrowserCarrier>(site.options_.limits,
+                                                  [&transport = site.transport_, to = peer_](std::string message) {
+                                                    transport.Post([to, text = std::move(message)]() mutable {
+                                                      if (const auto browser = to.lock())
+                                                        browser->Send(std::move(text));
+                                                    });
+                                                  })) {}
 
   const std::shared_ptr<BrowserCarrier>& carrier() const { return carrier_; }
 
@@ -130,9 +129,8 @@ std::shared_ptr<WebSession> WebServer::Site::Open(std::weak_ptr<WebPeer> peer) {
   auto session = std::make_shared<BrowserSession>(*this, peer);
   const std::size_t number = next_number_++;
   auto thread = std::make_unique<SmallThread>(
-      options_.session_stack, [this, number, carrier = session->carrier(), peer = std::move(peer)] {
-        RunOne(number, *carrier, peer);
-      });
+      options_.session_stack,
+      [this, number, carrier = session->carrier(), peer = std::move(peer)] { RunOne(number, *carrier, peer); });
   threads_[number] = std::move(thread);
   return session;
 }
@@ -154,8 +152,9 @@ void WebServer::Site::RunOne(std::size_t number, BrowserCarrier& carrier, const 
   });
 }
 
-WebServer::WebServer(Session session, OpenFiles files, std::span<const Asset> assets, const WebOptions& options,
+WebServer::WebServer(Session session, OpenFiles files, std::span<const Asset> assets, WebOptions options,
                      std::ostream& out) {
+  if (options.address == "localhost") options.address = "127.0.0.1";
   if (!options.allow_remote && !IsLoopback(options.address)) {
     throw RuntimeError("The address " + options.address +
                        " can be reached from other machines, and what is sent there could be read on the way.");

@@ -10,8 +10,8 @@
 #include "hosts/console/carrier.h"
 #include "hosts/web/assets.h"
 #include "hosts/web/browser_carrier.h"
+#include "hosts/web/text_files.h"
 #include "hosts/web/transport.h"
-#include "platform/files.h"
 
 namespace qv {
 
@@ -32,11 +32,9 @@ struct WebOptions : TransportOptions {
 class WebServer {
  public:
   using Session = std::function<void(Carrier&)>;
-  using OpenFiles = std::function<std::unique_ptr<Files>()>;
 
   // Listens. Raises RuntimeError when the address can't be had or may not be served.
-  WebServer(Session session, OpenFiles files, std::span<const Asset> assets, const WebOptions& options,
-            std::ostream& out);
+  WebServer(Session session, OpenFiles files, std::span<const Asset> assets, WebOptions options, std::ostream& out);
   ~WebServer();
 
   unsigned short port() const;

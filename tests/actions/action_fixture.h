@@ -60,9 +60,7 @@ class ActionTest : public ::testing::Test {
   static std::vector<ShownMessage> Told(const std::string& text, const std::string& title, MessageIcon icon) {
     return {{text, title, icon}};
   }
-  static std::vector<ShownMessage> Error(const std::string& text) {
-    return Told(text, "Error", MessageIcon::Critical);
-  }
+  static std::vector<ShownMessage> Error(const std::string& text) { return Told(text, "Error", MessageIcon::Critical); }
 
   TestRun t;
 };

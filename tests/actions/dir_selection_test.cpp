@@ -13,10 +13,8 @@ using Items = std::vector<std::string>;
 // Two drives; "D:" has no disk in it.
 class FakeFolders : public Folders {
  public:
-  std::map<std::string, Items> folders = {{"C:\\", {"Config", "Mail"}},
-                                          {"C:\\Config", {"Filters"}},
-                                          {"C:\\Config\\Filters", {}},
-                                          {"E:\\", {}}};
+  std::map<std::string, Items> folders = {
+      {"C:\\", {"Config", "Mail"}}, {"C:\\Config", {"Filters"}}, {"C:\\Config\\Filters", {}}, {"E:\\", {}}};
   bool fail_paths = false;
 
   std::string GetAbsolutePathName(const std::string& path) override {
@@ -112,23 +110,25 @@ TEST_F(DirSelection, ADeviceThatFailsIsTold) {
                    [&](Person& person) {
                      person.Pick("dirDrive", 1);
                      EXPECT_EQ(t.desktop.TakeMessages(),
-                               (std::vector<ShownMessage>{{"Error with device: Device unavailable", "Error",
-                                                           MessageIcon::Exclamation}}));
+                               (std::vector<ShownMessage>{
+                                   {"Error with device: Device unavailable", "Error", MessageIcon::Exclamation}}));
                      person.Click("cmdOK");
                    }),
             "C:\\Config");
 }
 
 TEST_F(DirSelection, APathThatIsNotThereIsNoError) {
-  EXPECT_EQ(Select("E:\\Gone", [&](Person& person) {
-              EXPECT_EQ(dialog.dirDrive.Text(), "E:");
-              person.Click("cmdOK");
-            }),
+  EXPECT_EQ(Select("E:\\Gone",
+                   [&](Person& person) {
+                     EXPECT_EQ(dialog.dirDrive.Text(), "E:");
+                     person.Click("cmdOK");
+                   }),
             "E:\\");
-  EXPECT_EQ(Select("X:\\Gone", [&](Person& person) {
-              EXPECT_EQ(dialog.dirDrive.Text(), "C:");
-              person.Click("cmdOK");
-            }),
+  EXPECT_EQ(Select("X:\\Gone",
+                   [&](Person& person) {
+                     EXPECT_EQ(dialog.dirDrive.Text(), "C:");
+                     person.Click("cmdOK");
+                   }),
             "C:\\");
   EXPECT_TRUE(t.desktop.messages.empty());
 }

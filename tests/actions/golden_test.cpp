@@ -1,130 +1,8 @@
-// What every action dialog says and writes, word for word.
-
-#include <ostream>
-
-#include "actions/execute_app_dialog.h"
-#include "actions/folder_dialog.h"
-#include "actions/forward_dialog.h"
-#include "actions/message_edit_dialogs.h"
-#include "actions/notify_dialogs.h"
-#include "actions/plain_dialogs.h"
-#include "tests/actions/action_fixture.h"
+#include "platform/runtime_error.h"
+#include "tests/actions/golden_actions.h"
 
 namespace qv::test {
 namespace {
-
-struct Golden {
-  const char* name;
-  ActionDialog& (*dialog)(Run&);
-  const ActionType* type;  // of a dialog that serves several
-  const char* caption;
-  const char* edit_caption;
-  const char* delete_caption;
-  const char* sentence;
-  std::vector<std::pair<const char*, const char*>> texts;  // typed into boxes
-  const char* task_type;
-  const char* description;
-  const char* values;
-  const char* add_failure;
-  const char* edit_failure;
-  const char* not_found;
-  std::vector<std::string> tab_order;
-};
-
-void PrintTo(const Golden& golden, std::ostream* out) { *out << golden.task_type << " " << golden.name; }
-
-template <class Dialog>
-ActionDialog& The(Run& run) {
-  return run.The<Dialog>();
-}
-
-const std::vector<std::string> kPlain = {"chkStatus", "cmdOK", "cmdCancel"};
-const std::vector<std::string> kNotify = {"optUseDefault", "txtData", "optUseTemplate", "cboTemplate",
-                                          "cmdEdit",       "chkStatus", "cmdOK",        "cmdCancel"};
-
-const Golden kGolden[] = {
-    {"frmTaskBadMail", The<frmTaskBadMail>, nullptr, "Action - Copy to BadMail", "Action - Copy to BadMail",
-     "Delete Action - Copy to BadMail",
-     "This action copies the mail message to the BadMail folder. The original email will not be deleted.", {},
-     "COPY_TO_BADMAIL", "Copy Message to Bad Mail", "", "Unable to Add Task", "Unable to Add Task", "Task Not Found",
-     kPlain},
-    {"frmTaskDeleteMessage", The<frmTaskDeleteMessage>, nullptr, "Action - Delete Message", "Action - Delete Message",
-     "Delete Action - Delete Message", "This action deletes the mail message", {}, "DELETE", "Delete Message", "",
-     "Unable to Add Task", "Unable to Add Task", "Task Not Found", kPlain},
-    {"FrmTaskQuarantine", The<FrmTaskQuarantine>, nullptr, "Action - Quarantine Message", "Action - Quarantine Message",
-     "Delete Action - Quarantine Message", "This action copies the mail message to Quarantine", {},
-     "COPY_TO_QUARANTINE", "Copy the message to the Quarantine directory", "", "Unable to Add Task",
-     "Unable to Add Task", "Task Not Found", kPlain},
-    {"frmTaskMarkasSpam", The<frmTaskMarkasSpam>, nullptr, "Mark message as spam", "Mark message as spam",
-     "Mark message as spam",
-     "This action marks the message as spam. Spam messages will be sent to the users junk e-mail folder.", {},
-     "ADD_HEADER", "Mark message as spam", "X-QV-Content|Deliver-To=Junk", "Unable to Add Task",
-     "Unable to add action", "Task Not Found", kPlain},
-    {"frmTaskGeneric", The<frmTaskGeneric>, &action_types::kJunk, "Action - Generic",
-     "Action - Move Message to Junk E-Mail Folder", "Delete Action - Move Message to Junk E-Mail Folder",
-     "This task moves the message to Junk E-mail Folder", {}, "JUNK", "Move Message to Junk E-Mail Folder", "",
-     "Unable to Add Task", "Unable to Add Task", "Task Not Found", kPlain},
-    {"frmTaskGeneric", The<frmTaskGeneric>, &action_types::kQuarantine, "Action - Generic",
-     "Action - Move Message to Quarantine Folder", "Delete Action - Move Message to Quarantine Folder",
-     "This task moves the message to Quarantine Folder", {}, "QUARANTINE", "Move Message to Quarantine Folder", "",
-     "Unable to Add Task", "Unable to Add Task", "Task Not Found", kPlain},
-    {"frmTaskGeneric", The<frmTaskGeneric>, &action_types::kStopProcessing, "Action - Generic",
-     "Action - Stop processing filters", "Delete Action - Stop processing filters",
-     "This task stops processing any more filters for the message", {}, "STOP_PROCESSING", "Stop processing filters",
-     "", "Unable to Add Task", "Unable to Add Task", "Task Not Found", kPlain},
-    {"frmTaskGenericFolder", The<frmTaskGenericFolder>, &action_types::kCopy, "Action - Move Message",
-     "Action - Move Message", "Action - Move Message", "This task copies the message to the specified folder",
-     {{"txtFolder", " Old Mail|x "}}, "COPY", "Copy Message to Folder...", " Old Mail|x ", "Unable to Add Task",
-     "Unable to Add Task", "Task Not Found", {"txtFolder", "chkStatus", "cmdOK", "cmdCancel"}},
-    {"frmTaskGenericFolder", The<frmTaskGenericFolder>, &action_types::kMove, "Action - Move Message",
-     "Action - Move Message", "Action - Move Message", "This task moves the message to the specified folder",
-     {{"txtFolder", "Inbox\\Lists"}}, "MOVE", "Move Message to Folder...", "Inbox\\Lists", "Unable to Add Task",
-     "Unable to Add Task", "Task Not Found", {"txtFolder", "chkStatus", "cmdOK", "cmdCancel"}},
-    {"frmTaskNotifySender", The<frmTaskNotifySender>, nullptr, "Action - Notify Sender", "Action - Notify Sender",
-     "Delete Action - Notify Sender",
-     "This action sends a notification message to the sender, with the reason for the notification being the text "
-     "below.",
-     {{"txtData", "Because"}}, "NOTIFY_SENDER", "Because", "", "Unable to add action", "Unable to Add Task",
-     "Task Not Found", kNotify},
-    {"frmTaskNotifyRecipients", The<frmTaskNotifyRecipients>, nullptr, "Action - Notify Recipient",
-     "Action - Notify Recipient", "Delete Action - Notify Recipient",
-     "This action sends a notification message to the recipient, with the reason for the notification being the text "
-     "below.",
-     {{"txtData", "Because"}}, "NOTIFY_RECIPIENTS", "Because", "", "Unable to Add Task", "Unable to Add Task",
-     "Task Not Found", kNotify},
-    {"frmTaskNotifyAddress", The<frmTaskNotifyAddress>, nullptr, "Action - Notify Address", "Action - Notify Address",
-     "Delete Action - Notify Address",
-     "This action sends a notification message to the specified address, with the reason for the notification being "
-     "the text below.",
-     {{"txtAddress", "a@b.example"}, {"txtData", "Because"}}, "NOTIFY_ADDRESS", "Because",
-     "<REFERENCE><ADDRESS>a@b.example</ADDRESS><FILE></FILE></REFERENCE>", "Unable to Add Task", "Unable to Add Task",
-     "Task Not Found", {"txtAddress", "optUseDefault", "txtData", "optUseTemplate", "cboTemplate", "cmdEdit",
-                        "chkStatus", "cmdOK", "cmdCancel"}},
-    {"frmForward", The<frmForward>, nullptr, "Action - Forward message", "Action - Forward message",
-     "Delete Action - Forward message",
-     "This action creates a copy of the email and forwards it to a specified email address. The original email will "
-     "not be deleted.",
-     {{"txtData", "a@b.example"}}, "FORWARD_TO_ADDRESS", "Forward message to specified recipient.",
-     "[SMTP:a@b.example]", "Unable to Add Task", "Unable to Add Task", "Task Not Found",
-     {"txtData", "chkStatus", "cmdOK", "cmdCancel"}},
-    {"frmTaskExecuteApp", The<frmTaskExecuteApp>, nullptr, "Execute application", "Execute application",
-     "Execute application", "This action executes an application. ",
-     {{"txtApp", "C:\\Bin\\scan.exe"}, {"txtParameters", "[ID] [TIME]"}}, "EXECUTE_APPLICATION",
-     "Execute an application", "C:\\Bin\\scan.exe|[ID] [TIME]", "Unable to add action", "Unable to add action",
-     "Action Not Found", {"txtApp", "txtParameters", "chkStatus", "cmdOK", "cmdCancel"}},
-    {"frmTaskAddHeader", The<frmTaskAddHeader>, nullptr, "Add Header", "Add Header", "Delete Add Header",
-     "This action adds a header item to the message. If the header item already exists it will be replaced.",
-     {{"txtHeaderItem", "X-Spam:"}, {"txtHeaderValue", "Yes"}}, "ADD_HEADER", "Add a header to a message",
-     "X-Spam|Yes", "Unable to Add Task", "Unable to add action", "Task Not Found",
-     {"txtHeaderItem", "txtHeaderValue", "chkStatus", "cmdOK", "cmdCancel"}},
-    {"frmTaskAddPrefix", The<frmTaskAddPrefix>, nullptr, "Add Subject Prefix", "Add Subject Prefix",
-     "Delete Add Subject Prefix",
-     "This action adds a prefix to the subject of the message. If the prefix already exists for the subject, it will "
-     "not be added.",
-     {{"txtPrefix", " [List] "}}, "ADD_SUBJECT_PREFIX", "Add a prefix to the subject of the message", " [List] ",
-     "Unable to Add Task", "Unable to add action", "Task Not Found",
-     {"txtPrefix", "chkStatus", "cmdOK", "cmdCancel"}},
-};
 
 class ActionGolden : public ::testing::TestWithParam<Golden> {
  protected:
@@ -308,7 +186,8 @@ TEST_P(ActionGolden, DeleteViewShowsAndWritesNothing) {
 
 TEST_P(ActionGolden, DeleteViewOfAMissingTask) {
   Open(ActionDialog::kDeleteView, [&](ActionDialog& dialog, Person&) {
-    EXPECT_EQ(t.desktop.TakeMessages(), (std::vector<ShownMessage>{{"Task Not Found", "Error", MessageIcon::Critical}}));
+    EXPECT_EQ(t.desktop.TakeMessages(),
+              (std::vector<ShownMessage>{{"Task Not Found", "Error", MessageIcon::Critical}}));
     EXPECT_EQ(dialog.Caption(), g().delete_caption);
     EXPECT_FALSE(dialog.Find("chkStatus")->Enabled());
   });

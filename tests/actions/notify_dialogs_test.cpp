@@ -93,8 +93,8 @@ TEST_F(NotifyDialogs, AddWithATemplate) {
     person.Pick("cboTemplate", 1);
     person.Click("cmdOK");
   });
-  EXPECT_EQ(t.store.calls.back(), std::string("Task.AddTask@(CRTF,") + kFirstGuid +
-                                      ",NOTIFY_SENDER,The reason,1,QVFILTER-beta)");
+  EXPECT_EQ(t.store.calls.back(),
+            std::string("Task.AddTask@(CRTF,") + kFirstGuid + ",NOTIFY_SENDER,The reason,1,QVFILTER-beta)");
   Add<frmTaskNotifyRecipients>([](auto&, Person& person) {
     person.Click("optUseTemplate");
     person.Click("cmdOK");
@@ -114,8 +114,7 @@ TEST_F(NotifyDialogs, AddToAnAddressWithATemplate) {
     person.Click("cmdOK");
   });
   EXPECT_EQ(tasks()[0].Description, "R");
-  EXPECT_EQ(tasks()[0].Values,
-            "<REFERENCE><ADDRESS>a@b</ADDRESS><FILE>QVFILTER-alpha</FILE></REFERENCE>");
+  EXPECT_EQ(tasks()[0].Values, "<REFERENCE><ADDRESS>a@b</ADDRESS><FILE>QVFILTER-alpha</FILE></REFERENCE>");
 }
 
 TEST_F(NotifyDialogs, LoadOfTheDefaultMessage) {

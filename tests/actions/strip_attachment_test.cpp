@@ -72,8 +72,7 @@ TEST_F(StripAttachment, EditLoadsByItself) {
     person.Click("cmdOK");
     EXPECT_FALSE(dialog.Loaded());
   });
-  EXPECT_EQ(t.store.calls.back(),
-            "Task.EditTask@(T,0,CRTF,REMOVE_ATTACHMENT,Remove attachment,*.exe,*.bat,,x y)");
+  EXPECT_EQ(t.store.calls.back(), "Task.EditTask@(T,0,CRTF,REMOVE_ATTACHMENT,Remove attachment,*.exe,*.bat,,x y)");
   EXPECT_EQ(t.registry.TakeReloads(), 1);
 }
 

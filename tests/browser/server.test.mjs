@@ -142,3 +142,22 @@ test("a word file is edited in a text window", async (t) => {
   await edit.click();
   await Until(async () => (await mine.inputValue()) === `baccarat\n${before}`);
 });
+
+test("a token goes into the script where the caret stands", async (t) => {
+  const { page } = await OpenServer(t);
+  await Node(page, "LOCALHOST").locator(".twisty").click();
+  await Node(page, "Filters").click();
+  await page.locator(".pane-list .row").first().dblclick();
+  await page.getByRole("radio", { name: "Use a criteria script" }).click();
+  await page.getByRole("button", { name: "Edit script..." }).click();
+  const script = page.locator("#dialog-1 textarea");
+  await script.click();
+  await page.keyboard.press("Control+a");
+  await page.keyboard.type("abcd");
+  await page.keyboard.press("ArrowLeft");
+  await page.keyboard.press("ArrowLeft");
+  await page.getByRole("option", { name: "[QV_SUBJECT]" }).dblclick();
+  await Until(async () => (await script.inputValue()) === 'ab\nCriteriaMet([QV_SUBJECT],"Value")\nbcd');
+  await page.keyboard.press("Escape");
+  await page.locator("#dialog-1").waitFor({ state: "detached" });
+});

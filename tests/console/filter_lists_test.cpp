@@ -63,8 +63,8 @@ TEST(FilterRows, AreAskedForInTheOrderOfARecordObject) {
   run.Add("FLT1", "One");
   run.store.calls.clear();
   run.Rows({});
-  EXPECT_THAT(run.store.calls, ElementsAre("Filter.Create", "Filter.SetHost@", "Filter.FindFirstFilter@",
-                                           "Filter.FindNextFilter@"));
+  EXPECT_THAT(run.store.calls,
+              ElementsAre("Filter.Create", "Filter.SetHost@", "Filter.FindFirstFilter@", "Filter.FindNextFilter@"));
 }
 
 TEST(FilterRows, OfAPostofficesNodeNameAreItsOwn) {

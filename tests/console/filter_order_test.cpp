@@ -140,9 +140,8 @@ TEST_F(Order, DownMovesTheRowInTheStoreAndInTheList) {
     person.Pick("lvwFilters", 0);
     run.store.calls.clear();
     person.Click("cmdDown");
-    EXPECT_THAT(run.store.calls,
-                ElementsAre("Filter.Create", "Filter.SetHost@", "Filter.getfilter@(FLT1)",
-                            "Filter.EditFilter@(FLT1,1,One,act,note,CRT1,2)"));
+    EXPECT_THAT(run.store.calls, ElementsAre("Filter.Create", "Filter.SetHost@", "Filter.getfilter@(FLT1)",
+                                             "Filter.EditFilter@(FLT1,1,One,act,note,CRT1,2)"));
     EXPECT_THAT(Stored(), ElementsAre("FLT2", "FLT1", "FLT3"));
     EXPECT_THAT(Rows(), ElementsAre("FLT2|Two|Disabled", "FLT1|One|Enabled", "FLT3|Three|Enabled"));
     EXPECT_EQ(dialog().lvwFilters.Selected(), 1);
@@ -167,8 +166,7 @@ TEST_F(Order, UpUndoesDown) {
     person.Click("cmdDown");
     EXPECT_THAT(Stored(), ElementsAre("FLT1", "{SPAM_FILTER}", "FLT2"));
     EXPECT_EQ(dialog().lvwFilters.Selected(), 1);
-    EXPECT_THAT(Rows(),
-                ElementsAre("FLT1|Same name|Enabled", "{SPAM_FILTER}|Spam|Disabled", "FLT2|Same name|Enabled"));
+    EXPECT_THAT(Rows(), ElementsAre("FLT1|Same name|Enabled", "{SPAM_FILTER}|Spam|Disabled", "FLT2|Same name|Enabled"));
   });
 }
 

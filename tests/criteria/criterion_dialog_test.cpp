@@ -202,6 +202,19 @@ TEST_P(Frame, ARowThatCannotBeLoadedOpensOnTheDesign) {
   EXPECT_EQ(registry.TakeReloads(), 0);
 }
 
+TEST_P(Frame, AnyAnswerButZeroIsALoadedRow) {
+  for (int answer : {2, -1}) {
+    store.Refuse("Criteria.GetCriteria", answer);
+    OpenIt([&](Form& form) {
+      EXPECT_EQ(form.Caption(), "Criteria Properties - ");
+      EXPECT_EQ(Get<Label>(form, "lblDescription").Caption(), "");
+      EXPECT_FALSE(Ticked(form));
+      Person(form).Click("cmdCancel");
+    });
+  }
+  EXPECT_TRUE(desktop.messages.empty());
+}
+
 TEST_P(Frame, TheFirstCaptionComesBackAfterALoadedRow) {
   Put(rule, 1, "77");
   OpenIt([](Form& form) { Person(form).Click("cmdCancel"); });

@@ -199,7 +199,9 @@ TEST_F(FieldDialogs, AnAddressMayBeOfIPv6WhereTheServerHasItOnForAll) {
   registry.SetWord("SOFTWARE\\quillvane\\quillvane", "IPv6 Status", 1);
   for (const char* text : {"::1", " 2001:db8::* ", "1.2.3.4"}) EXPECT_TRUE(Saves("18", "txtIP", text)) << text;
   for (const char* text : {"", "1.2.3", "256.1.1.1"}) EXPECT_FALSE(Saves("18", "txtIP", text)) << text;
+  // No connector is asked for.
   registry.SetWord("SOFTWARE\\quillvane\\quillvane", "IPv6 Status", 2);
+  registry.SetWord("SOFTWARE\\quillvane\\quillvane\\Connectors\\SMTP", "IPv6 Status", 1);
   EXPECT_FALSE(Saves("18", "txtIP", "::1"));
 }
 

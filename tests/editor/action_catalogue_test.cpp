@@ -10,9 +10,10 @@ namespace {
 
 using Items = std::vector<std::string>;
 
-const Items kServerActions = {"Copy to BadMail",  "Copy to Quarantine",  "Delete Message",     "Notify Sender",
-                              "Notify Recipient", "Notify Address",      "Forward to Address", "Execute Application",
-                              "Add Message Header", "Mark as spam", "Stop Processing Filters", "Add Subject Prefix"};
+const Items kServerActions = {"Copy to BadMail",    "Copy to Quarantine",      "Delete Message",
+                              "Notify Sender",      "Notify Recipient",        "Notify Address",
+                              "Forward to Address", "Execute Application",     "Add Message Header",
+                              "Mark as spam",       "Stop Processing Filters", "Add Subject Prefix"};
 const Items kMailboxActions = {"Delete Message", "Move message to folder...", "Copy message to folder...",
                                "Move message to Junk E-Mail folder", "Move message to Quarantine folder"};
 
@@ -56,8 +57,8 @@ TEST(ActionCatalogue, HoldsTheActionsWordForWord) {
     EXPECT_EQ(item->type.TaskType, golden.type);
     EXPECT_EQ(FindActionByKey(golden.key), item);
     if (golden.description) {
- EXPECT_EQ(item->type.Description, golden.description);
- }
+      EXPECT_EQ(item->type.Description, golden.description);
+    }
     EXPECT_EQ(item->type.Sentence, golden.sentence ? golden.sentence : "");
   }
 }
@@ -164,9 +165,10 @@ TEST_F(ActionSelect, FixedTexts) {
 }
 
 TEST_F(ActionSelect, EveryRowGivesItsKey) {
-  const Items server_keys = {"COPY_TO_BADMAIL", "COPY_TO_QUARANTINE", "DELETE", "NOTIFY_SENDER", "NOTIFY_RECIPIENTS",
-                             "NOTIFY_ADDRESS", "FORWARD_TO_ADDRESS", "EXECUTE_APPLICATION", "ADD_HEADER",
-                             "EXTRA_ACTION_MARKASSPAM", "STOP_PROCESSING", "ADD_SUBJECT_PREFIX"};
+  const Items server_keys = {"COPY_TO_BADMAIL",         "COPY_TO_QUARANTINE",  "DELETE",
+                             "NOTIFY_SENDER",           "NOTIFY_RECIPIENTS",   "NOTIFY_ADDRESS",
+                             "FORWARD_TO_ADDRESS",      "EXECUTE_APPLICATION", "ADD_HEADER",
+                             "EXTRA_ACTION_MARKASSPAM", "STOP_PROCESSING",     "ADD_SUBJECT_PREFIX"};
   const Items mailbox_keys = {"DELETE", "MOVE", "COPY", "JUNK", "QUARANTINE"};
   for (std::size_t i = 0; i < server_keys.size(); ++i) {
     EXPECT_EQ(Select("", "", [i](auto&, Person& person) { person.Open("lstActions", static_cast<long>(i)); }),
@@ -183,11 +185,12 @@ TEST_F(ActionSelect, EveryRowGivesItsKey) {
 }
 
 TEST_F(ActionSelect, OkRightAfterOpeningTakesTheFirst) {
-  EXPECT_EQ(Select("", "", [](auto& dialog, Person& person) {
-              EXPECT_EQ(dialog.lstActions.ListIndex(), 0);
-              person.Click("cmdOK");
-              EXPECT_FALSE(dialog.Loaded());
-            }),
+  EXPECT_EQ(Select("", "",
+                   [](auto& dialog, Person& person) {
+                     EXPECT_EQ(dialog.lstActions.ListIndex(), 0);
+                     person.Click("cmdOK");
+                     EXPECT_FALSE(dialog.Loaded());
+                   }),
             "COPY_TO_BADMAIL");
 }
 

@@ -44,6 +44,11 @@ class ActionListTest : public ::testing::Test {
     t.store.calls.clear();
   }
 
+  void Put(std::initializer_list<const char*> ids) {
+    for (const char* id : ids) PutTask(id);
+    Open();
+  }
+
   Items Texts() const {
     Items texts;
     for (const ListRow& row : form.lvwActions.Rows()) texts.push_back(row.Text);
@@ -72,9 +77,7 @@ class ActionListTest : public ::testing::Test {
     return names;
   }
   std::vector<ShownMessage> Messages() { return t.desktop.TakeMessages(); }
-  static std::vector<ShownMessage> Error(const std::string& text) {
-    return {{text, "Error", MessageIcon::Critical}};
-  }
+  static std::vector<ShownMessage> Error(const std::string& text) { return {{text, "Error", MessageIcon::Critical}}; }
 
   TestRun t;
   ListForm form{t.run};

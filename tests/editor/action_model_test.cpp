@@ -1,4 +1,5 @@
-// Any sequence of what a person does to the action list, with tasks vanishing from the store in between, against a model.
+// Any sequence of what a person does to the action list, with tasks vanishing from the store in between, against a
+// model.
 
 #include <rapidcheck.h>
 

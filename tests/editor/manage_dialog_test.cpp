@@ -1,67 +1,20 @@
-#include "editor/manage_dialog.h"
+// The management dialog as it opens, and its modes.
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
+#include "editor/script_editor.h"
 #include "platform/runtime_error.h"
-#include "tests/support/test_run.h"
+#include "tests/editor/manage_dialog_fixture.h"
 
 namespace qv {
 namespace {
 
+using test::kActive;
+using test::kComponent;
+using test::kFilters;
+using test::kOff;
 using test::Person;
-using test::ShownMessage;
-using test::TestRun;
 using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
-const std::string kActive = "C:\\Config\\Filters\\Criteria\\CRT1X.QVS";
-const std::string kOff = "C:\\Config\\Filters\\Criteria\\CRT1X.QV_";
-constexpr const char* kFilters = "SOFTWARE\\quillvane\\quillvane\\agents\\mta\\filters";
-constexpr const char* kComponent = "SOFTWARE\\quillvane\\quillvane\\agents\\mta\\filters\\mtafilter";
-
-const ShownMessage kRemoteWarning = {
-    "Warning: You cannot remotely edit advanced scripting. This must be done from the console of the server itself",
-    "Advanced Scripting", MessageIcon::Information, MessageButtons::Ok};
-
-class Manage : public testing::Test {
- protected:
-  frmManage& dialog() { return run.run.The<frmManage>(); }
-  // Opens a filter; a dialog that the visit leaves open is closed by its close box.
-  std::string Open(const std::function<void(Person&)>& visit, std::string id = "FLT1X",
-                   const std::string& postoffice = "", const std::string& mailbox = "", const std::string& host = "") {
-    run.desktop.Visit([&](Form& form) {
-      Person person(form);
-      visit(person);
-      if (form.Loaded()) person.Close();
-    });
-    dialog().EditFilter(id, postoffice, mailbox, host);
-    return id;
-  }
-  void SwitchScriptingOn() { run.registry.SetWord(kComponent, "Scripting Status", 1); }
-  void ExpectStandardMode() {
-    EXPECT_TRUE(dialog().optStandardCriteria.Checked());
-    EXPECT_FALSE(dialog().optAdvancedScripting.Checked());
-    EXPECT_FALSE(dialog().cmdAdvancedScripting.Enabled());
-    EXPECT_TRUE(dialog().lvwCriteria.Enabled());
-  }
-  void ExpectScriptMode() {
-    EXPECT_FALSE(dialog().optStandardCriteria.Checked());
-    EXPECT_TRUE(dialog().optAdvancedScripting.Checked());
-    EXPECT_TRUE(dialog().cmdAdvancedScripting.Enabled());
-    EXPECT_FALSE(dialog().lvwCriteria.Enabled());
-  }
-  void ExpectOffered(bool offered) {
-    EXPECT_EQ(dialog().optStandardCriteria.Showing(), offered);
-    EXPECT_EQ(dialog().optAdvancedScripting.Showing(), offered);
-    EXPECT_EQ(dialog().cmdAdvancedScripting.Showing(), offered);
-  }
-  std::string Both() {
-    return "active " + run.files.Get(kActive).value_or("-") + ", off " + run.files.Get(kOff).value_or("-");
-  }
-  TestRun run;
-};
+class Manage : public test::ManageDialog {};
 
 TEST_F(Manage, HasItsTexts) {
   Open([&](Person&) {
@@ -80,9 +33,10 @@ TEST_F(Manage, HasItsTexts) {
     EXPECT_EQ(dialog().lvwCriteria.Columns()[1].Header, "Description");
     EXPECT_FALSE(dialog().lvwCriteria.CheckBoxes());
     EXPECT_EQ(dialog().Frame2.Caption(), "Actions");
-    EXPECT_EQ(dialog().Label2.Caption(),
-              "Add the actions that will be performed when the above criteria are met. Double click an item to edit its "
-              "properties.");
+    EXPECT_EQ(
+        dialog().Label2.Caption(),
+        "Add the actions that will be performed when the above criteria are met. Double click an item to edit its "
+        "properties.");
     EXPECT_TRUE(dialog().lvwActions.CheckBoxes());
     EXPECT_EQ(dialog().cmdAdd.Caption(), "Add Action...");
     EXPECT_EQ(dialog().cmdDelete.Caption(), "Delete Action");
@@ -238,116 +192,23 @@ TEST_F(Manage, TheOptionsChangeTheModeAndNoFile) {
   EXPECT_EQ(Both(), "active -, off off");
 }
 
-// --- closing ---
-
-TEST_F(Manage, ClosingInScriptModeSwitchesTheScriptOn) {
+TEST_F(Manage, EditsTheScriptOfItsFilterAndChangesNothingOnReturn) {
   SwitchScriptingOn();
-  run.files.Put(kOff, "text");
-  Open([&](Person& person) {
-    person.Click("optAdvancedScripting");
-    person.Click("cmdClose");
-    EXPECT_FALSE(dialog().Loaded());
-  });
-  EXPECT_EQ(Both(), "active text, off -");
-  EXPECT_EQ(run.registry.TakeReloads(), 0);
-}
-
-TEST_F(Manage, ClosingInStandardModeSwitchesTheScriptOffOverAStaleFile) {
-  SwitchScriptingOn();
-  run.files.Put(kActive, "text");
-  run.files.Put(kOff, "stale");
-  Open([&](Person& person) {
-    person.Click("optStandardCriteria");
-    person.Click("cmdClose");
-  });
-  EXPECT_EQ(Both(), "active -, off text");
-  EXPECT_EQ(run.registry.TakeReloads(), 0);
-}
-
-TEST_F(Manage, ClosingInTheModeOfTheFileChangesNothing) {
-  SwitchScriptingOn();
-  run.files.Put(kActive, "text");
-  run.files.Put(kOff, "spare");
-  Open([](Person& person) { person.Click("cmdClose"); });
-  EXPECT_EQ(Both(), "active text, off spare");
-}
-
-TEST_F(Manage, ClosingInScriptModeWithoutAScriptSaysNothingAndStaysStandard) {
-  SwitchScriptingOn();
-  Open([](Person& person) {
-    person.Click("optAdvancedScripting");
-    person.Click("cmdClose");
-  });
-  EXPECT_THAT(run.desktop.messages, IsEmpty());
-  Open([&](Person&) { ExpectStandardMode(); });
-}
-
-TEST_F(Manage, ClosingWhereScriptingIsOffSwitchesAnActiveScriptOff) {
-  run.files.Put(kActive, "text");
-  Open([](Person& person) { person.Click("cmdClose"); });
-  EXPECT_EQ(Both(), "active -, off text");
-}
-
-TEST_F(Manage, TheCloseBoxKeepsTheFile) {
-  SwitchScriptingOn();
-  run.files.Put(kActive, "text");
-  Open([](Person& person) {
-    person.Click("optStandardCriteria");
-    person.Close();
-  });
-  EXPECT_EQ(Both(), "active text, off -");
-}
-
-// --- a remote console ---
-
-TEST_F(Manage, OfARemoteConsoleWarnsAndOpensInStandardMode) {
-  SwitchScriptingOn();
-  run.files.Put(kActive, "text");
-  run.run.ServerHost = "MAIL2";
-  Open([&](Person& person) {
-    EXPECT_THAT(run.desktop.TakeMessages(), ElementsAre(kRemoteWarning));
-    ExpectOffered(true);
-    ExpectStandardMode();
-    person.Click("optAdvancedScripting");
-    ExpectScriptMode();
-  });
-}
-
-TEST_F(Manage, OfARemoteConsoleIsLeftByItsCloseBoxAlone) {
-  run.files.Put(kActive, "text");
-  run.run.ServerHost = "MAIL2";
-  for (const char* mailbox : {"", "joe"}) {
-    Open(
-        [&](Person& person) {
-          EXPECT_THAT(run.desktop.TakeMessages(), IsEmpty());
-          person.Click("cmdClose");
-          EXPECT_THAT(run.desktop.TakeMessages(), ElementsAre(kRemoteWarning));
-          EXPECT_TRUE(dialog().Loaded());
-        },
-        "FLT1X", "abc", mailbox);
-  }
-  EXPECT_EQ(Both(), "active text, off -");
-}
-
-TEST_F(Manage, RemotenessIsTheConsolesNotTheFilters) {
-  SwitchScriptingOn();
-  run.store.server("MAIL2");
+  run.files.Put("C:\\Config\\postoffices\\abc\\rules\\Criteria\\CRT1X.QVS", "on");
+  run.run.ServerHost = "localhost";
   Open(
       [&](Person& person) {
-        EXPECT_THAT(run.desktop.messages, IsEmpty());
-        person.Click("cmdClose");
-        EXPECT_FALSE(dialog().Loaded());
+        run.desktop.Visit([](Form& form) {
+          const auto& editor = dynamic_cast<frmScriptEditor&>(form);
+          EXPECT_EQ(editor.CriteriaID, "CRT1X");
+          EXPECT_EQ(editor.Postoffice, "abc");
+          form.Unload();
+        });
+        person.Click("cmdAdvancedScripting");
+        EXPECT_TRUE(run.desktop.AllVisited());
+        ExpectScriptMode();
       },
-      "FLT1X", "", "", "MAIL2");
-}
-
-TEST_F(Manage, AnyCaseOfLocalhostIsLocal) {
-  run.run.ServerHost = "LocalHost";
-  Open([&](Person& person) {
-    person.Click("cmdClose");
-    EXPECT_FALSE(dialog().Loaded());
-  });
-  EXPECT_THAT(run.desktop.messages, IsEmpty());
+      "FLT1X", "abc");
 }
 
 // --- failures ---

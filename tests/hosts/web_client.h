@@ -12,7 +12,7 @@ namespace qv::testing {
 class WebClient {
  public:
   struct Reply {
-    int status = 0;  // 0 when the server closed the connection instead
+    int status = 0;                              // 0 when the server closed the connection instead
     std::map<std::string, std::string> headers;  // names in small letters
     std::string body;
   };

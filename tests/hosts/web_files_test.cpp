@@ -37,8 +37,7 @@ constexpr const char* kJsonPath = R"(/data\\filters\\patterns\\QVFILTER-Words.TX
 class TextFiles : public ::testing::Test {
  protected:
   std::string Ask(const std::string& message) {
-    MemoryFiles files(texts_);
-    return AnswerFileMessage(files, message);
+    return AnswerFileMessage([this] { return std::make_unique<MemoryFiles>(texts_); }, message);
   }
   std::string Read(const std::string& path = kJsonPath) {
     return Ask(R"({"file":"read","path":")" + path + R"(","id":7})");
@@ -109,9 +108,12 @@ TEST_F(TextFiles, AFileThatHasChangedIsNotOverwritten) {
 TEST_F(TextFiles, ACharacterThatTheServerLacksIsToldBeforeAnythingIsWritten) {
   texts_[kPath] = "one";
   const std::string version = Version(Read());
-  EXPECT_EQ(Write(R"(good\nbad )" "\xD0\x96", version),
-            "{\"error\":\"Nothing has been saved: line 2 holds the character \xD0\x96 (U+0416), and the server's files hold "
-            "Western European characters (code page 1252) only.\",\"id\":8}");
+  EXPECT_EQ(
+      Write(R"(good\nbad )"
+            "\xD0\x96",
+            version),
+      "{\"error\":\"Nothing has been saved: line 2 holds the character \xD0\x96 (U+0416), and the server's files hold "
+      "Western European characters (code page 1252) only.\",\"id\":8}");
   EXPECT_EQ(texts_[kPath], "one");
   for (const char* lacking : {R"(\ud83d\ude00)", R"(\u0080)", R"(\u009f)", R"(\u0100)", R"(\u20ad)"}) {
     Write(lacking, version);
@@ -123,8 +125,7 @@ TEST_F(TextFiles, ACharacterThatTheServerLacksIsToldBeforeAnythingIsWritten) {
 }
 
 TEST_F(TextFiles, OnlyWordFilesAndTemplatesAreEdited) {
-  const std::string refused =
-      R"({"error":"Only word files and templates can be edited here: QVFILTER-*.TXT.","id":7})";
+  const std::string refused = R"({"error":"Only word files and templates can be edited here: QVFILTER-*.TXT.","id":7})";
   for (const char* path : {R"(/data\\quillvane.db)", R"(/data\\QVFILTER-a.QVS)", R"(/data\\xQVFILTER-a.TXT)",
                            R"(/data\\qvfilter-a.TXT)", R"(QVFILTER-a.TXT)", R"(/data/QVFILTER-a.TXT)",
                            R"(/data\\QVFILTER-a.TXT\\x)", R"(/data\\QVFILTER-/../a.TXT)", R"(/data\\QVFILTER-TXT)", ""})
@@ -142,6 +143,9 @@ TEST_F(TextFiles, FailuresAreTold) {
   EXPECT_EQ(Ask(R"({"file":1})"), R"({"error":"file is to be a text."})");
   EXPECT_EQ(Ask(R"({"file":"read","id":null})"), R"({"error":"path is to be a text.","id":null})");
   EXPECT_EQ(Ask(R"({"file":"write","path":"\\QVFILTER-a.TXT","version":""})"), R"({"error":"text is to be a text."})");
+  EXPECT_EQ(AnswerFileMessage([]() -> std::unique_ptr<Files> { throw RuntimeError("No files today."); },
+                              R"({"file":"read","path":"\\QVFILTER-a.TXT","id":1})"),
+            R"({"error":"No files today.","id":1})");
   texts_[kPath] = std::string(600 << 10, 'x');
   EXPECT_EQ(Read(), R"({"error":"The file is too large to be edited here: 600 KB, at most 512 KB.","id":7})");
 }

@@ -48,6 +48,7 @@ inline constexpr Asset kAssets[] = {
     {"/index.html", "text/html; charset=utf-8", "aaa", kHelloGzip},
     {"/app.js", "text/javascript; charset=utf-8", "bbb", kHelloGzip},
     {"/help/filters.html", "text/html; charset=utf-8", "ccc", kHelloGzip},
+    {"/broken.txt", "text/plain; charset=utf-8", "ddd", "no gzip"},
 };
 
 // The wait for something that another thread brings about.
@@ -66,7 +67,7 @@ class WebTest : public ::testing::Test {
  protected:
   ~WebTest() override { StopServer(); }
 
-  void Start(const WebOptions& options = {}, WebServer::Session session = nullptr, WebServer::OpenFiles files = nullptr) {
+  void Start(const WebOptions& options = {}, WebServer::Session session = nullptr, OpenFiles files = nullptr) {
     server_ = std::make_unique<WebServer>(
         [this, session = std::move(session)](Carrier& carrier) {
           ++started_;

@@ -36,9 +36,8 @@ TEST_F(WebPages, TheAddressLetsOneBrowserIn) {
   EXPECT_EQ(reply.headers["location"], "/");
   EXPECT_EQ(reply.headers["cache-control"], "no-store");
   EXPECT_EQ(reply.headers["referrer-policy"], "no-referrer");
-  EXPECT_THAT(reply.headers["set-cookie"],
-              ::testing::MatchesRegex("qv_session_" + std::to_string(port()) +
-                                      "=[0-9a-f]{64}; HttpOnly; SameSite=Strict; Path=/"));
+  EXPECT_THAT(reply.headers["set-cookie"], ::testing::MatchesRegex("qv_session_" + std::to_string(port()) +
+                                                                   "=[0-9a-f]{64}; HttpOnly; SameSite=Strict; Path=/"));
   const std::string cookie = reply.headers["set-cookie"].substr(0, reply.headers["set-cookie"].find(';'));
   EXPECT_EQ(first.Get("/", "Cookie: " + cookie + "\r\n").status, 200);
 
@@ -114,8 +113,9 @@ TEST_F(WebPages, AHostOfAnotherNameIsRefused) {
   const std::string mine = ":" + std::to_string(port());
   for (const char* name : {"127.0.0.1", "localhost", "LocalHost", "[::1]"})
     EXPECT_EQ(Status("/", "Host: " + std::string(name) + mine + "\r\n" + cookie), 200) << name;
-  const std::string wrong[] = {"127.0.0.1",   "localhost",      "127.0.0.1:1", "localhost:80", "example.com" + mine,
-                               "[::1]",       "127.0.0.2" + mine, "localhost." + mine, "0.0.0.0" + mine, "x@localhost" + mine};
+  const std::string wrong[] = {
+      "127.0.0.1", "localhost",        "127.0.0.1:1",       "localhost:80",   "example.com" + mine,
+      "[::1]",     "127.0.0.2" + mine, "localhost." + mine, "0.0.0.0" + mine, "x@localhost" + mine};
   for (const std::string& host : wrong) {
     EXPECT_EQ(Status("/", "Host: " + host + "\r\n" + cookie), 421) << host;
     EXPECT_EQ(Status(TokenTarget(), "Host: " + host + "\r\n"), 421) << host;
@@ -136,6 +136,15 @@ TEST_F(WebPages, AHostNameThatTheServerIsGivenCounts) {
   EXPECT_EQ(Status("/", "Host: example.com:" + std::to_string(port()) + "\r\n" + cookie), 421);
 }
 
+TEST_F(WebPages, AFileThatCannotBeUnpackedIsAnErrorOfTheServer) {
+  Start();
+  const std::string known = Host() + "Cookie: " + LetIn() + "\r\n";
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(Status("/broken.txt", known), 500);
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "A request failed: An embedded file is damaged.\n");
+  EXPECT_EQ(Status("/", known), 200);
+}
+
 TEST_F(WebPages, ASocketOpensFromOwnPagesOnly) {
   Start();
   const std::string cookie = "Cookie: " + LetIn() + "\r\n";
@@ -143,8 +152,14 @@ TEST_F(WebPages, ASocketOpensFromOwnPagesOnly) {
       "Upgrade: websocket\r\nConnection: Upgrade\r\nSec-WebSocket-Version: 13\r\nSec-WebSocket-Key: "
       "dGhlIHNhbXBsZSBub25jZQ==\r\n";
   const std::string mine = ":" + std::to_string(port());
-  const std::string wrong[] = {"http://127.0.0.1:1",     "http://127.0.0.1", "https://127.0.0.1" + mine, "http://localhost" + mine,
-                               "http://example.com" + mine, "null", "http://127.0.0.1" + mine + "/", "127.0.0.1" + mine};
+  const std::string wrong[] = {"http://127.0.0.1:1",
+                               "http://127.0.0.1",
+                               "https://127.0.0.1" + mine,
+                               "http://localhost" + mine,
+                               "http://example.com" + mine,
+                               "null",
+                               "http://127.0.0.1" + mine + "/",
+                               "127.0.0.1" + mine};
   for (const std::string& origin : wrong)
     EXPECT_EQ(Status("/console", Host() + cookie + upgrade + "Origin: " + origin + "\r\n"), 403) << origin;
   EXPECT_EQ(Status("/console", Host() + cookie + upgrade), 403);
@@ -152,7 +167,8 @@ TEST_F(WebPages, ASocketOpensFromOwnPagesOnly) {
   EXPECT_EQ(Status("/console", Host() + cookie + upgrade + right + right), 403);
   EXPECT_EQ(Status("/console", Host() + upgrade + right), 401);
   EXPECT_EQ(Status("/console", Host() + cookie + upgrade + right), 101);
-  EXPECT_EQ(Status("/console", "Host: localhost" + mine + "\r\n" + cookie + upgrade + "Origin: http://localhost" + mine + "\r\n"),
+  EXPECT_EQ(Status("/console",
+                   "Host: localhost" + mine + "\r\n" + cookie + upgrade + "Origin: http://localhost" + mine + "\r\n"),
             101);
   EXPECT_EQ(Status("/other", Host() + cookie + upgrade + right), 404);
   EXPECT_TRUE(Eventually([this] { return started_ == 2; }));

@@ -1,7 +1,11 @@
 #include <gmock/gmock.h>
+#include <pty.h>
 #include <signal.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdio>
+#include <iostream>
 #include <vector>
 
 #include "tests/hosts/web_fixture.h"
@@ -37,8 +41,8 @@ TEST_F(WebSessions, MessagesGoToTheSessionAndBack) {
   Start();
   const auto client = Open(LetIn());
   const std::string large(300'000, 'x');
-  for (const std::string& text : {std::string("{\"do\":\"select\"}"), std::string("\xC3\xA4\xE2\x82\xAC"), std::string(), large,
-                                  std::string("short")}) {
+  for (const std::string& text : {std::string("{\"do\":\"select\"}"), std::string("\xC3\xA4\xE2\x82\xAC"),
+                                  std::string(), large, std::string("short")}) {
     client->SendText(text);
     EXPECT_EQ(client->ReadText(), text);
   }
@@ -321,13 +325,51 @@ TEST_F(WebSessions, StoppingDoesNotWaitForABrowserThatHangs) {
 
 TEST_F(WebSessions, ASignalStopsTheServer) {
   for (const int signal : {SIGTERM, SIGINT}) {
-    WebServer server(Echo, nullptr, kAssets, {}, out_);
+    WebServer server(Echo, nullptr, kAssets, WebOptions(), out_);
     server.MindSignals();
     std::thread thread([&server] { server.Run(); });
     ASSERT_TRUE(Eventually([this] { return output_.Text().find('\n') != std::string::npos; }));
     kill(getpid(), signal);
     thread.join();
   }
+}
+
+TEST_F(WebSessions, EnterInTheTerminalPrintsAnotherAddress) {
+  int terminal = -1;
+  const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+  if (child == 0) {
+    alarm(20);
+    WebServer server(Echo, nullptr, kAssets, WebOptions(), std::cout);
+    server.MindSignals();
+    server.MindTerminal(STDIN_FILENO);
+    server.Run();
+    std::cout << "ended" << std::endl;
+    _exit(7);
+  }
+  std::FILE* screen = fdopen(terminal, "r+");
+  const auto line = [screen] {
+    char text[256] = "";
+    return std::string(std::fgets(text, sizeof text, screen) ? text : "");
+  };
+  const std::string first = line();
+  EXPECT_THAT(first, ::testing::EndsWith(" in your browser.\r\n"));
+  EXPECT_EQ(line(), "Press Enter for another address, Ctrl+C to end.\r\n");
+  ASSERT_EQ(write(terminal, "\n", 1), 1);
+  EXPECT_EQ(line(), "\r\n");  // the terminal's echo
+  const std::string second = line();
+  EXPECT_THAT(second, ::testing::EndsWith(" in another browser.\r\n"));
+  EXPECT_NE(first.substr(0, 100), second.substr(0, 100));
+  // Redeeming prints nothing by itself here.
+  const auto colon = first.find(':', first.find("127.0.0.1"));
+  WebClient client(static_cast<unsigned short>(std::stoi(first.substr(colon + 1))));
+  const auto at = second.find("/?token=");
+  EXPECT_EQ(client.Get(second.substr(at, second.find(' ', at) - at)).status, 303);
+  ASSERT_EQ(write(terminal, "\x03", 1), 1);  // Ctrl+C
+  EXPECT_THAT(line(), ::testing::EndsWith("ended\r\n"));
+  int status = -1;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(WEXITSTATUS(status), 7);
+  std::fclose(screen);
 }
 
 TEST_F(WebSessions, ARequestThatDoesNotEndIsGivenUp) {
@@ -365,8 +407,8 @@ TEST_F(WebSessions, AnAddressThatCannotBeHadIsTold) {
   Start();
   WebOptions taken;
   taken.port = port();
-  EXPECT_EQ(reason(taken), "The server cannot listen on 127.0.0.1, port " + std::to_string(port()) +
-                               ": Address already in use.");
+  EXPECT_EQ(reason(taken),
+            "The server cannot listen on 127.0.0.1, port " + std::to_string(port()) + ": Address already in use.");
   WebOptions remote;
   remote.address = "0.0.0.0";
   EXPECT_EQ(reason(remote),

@@ -76,7 +76,7 @@ export class QvList extends HTMLElement {
     }
     const chosen = model.rows.findIndex((row) => row.selected);
     if (chosen >= 0) {
-      if (!model.multiple || this.Row(this.cursor)?.selected !== true) this.cursor = model.offset + chosen;
+      if (!model.multiple || this.cursor < 0) this.cursor = model.offset + chosen;
       if (this.anchor < 0) this.anchor = this.cursor;
     }
     this.cursor = Math.min(this.cursor, model.total - 1);

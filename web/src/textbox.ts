@@ -121,7 +121,7 @@ class TextSync extends Directive {
     // What comes next may act at the caret, so the console is told of it before.
     box.addEventListener("tell-caret", () => this.TellCaret(box));
     box.addEventListener("blur", (event) => {
-      const to = event.relatedTarget;
+      const to = (event as FocusEvent).relatedTarget;
       if (to instanceof Node && box.closest("dialog")?.contains(to)) this.TellCaret(box);
     });
     // The browser selects the whole text of a box that is reached by Tab; here the console decides that.

@@ -1,140 +1,13 @@
-// The dialogs with text of their own: forward, folder, header, prefix, application.
-
 #include "actions/execute_app_dialog.h"
-#include "actions/folder_dialog.h"
-#include "actions/forward_dialog.h"
 #include "actions/message_edit_dialogs.h"
-#include "tests/actions/action_fixture.h"
+#include "tests/actions/text_fixture.h"
 
 namespace qv::test {
 namespace {
 
-class TextDialogs : public ActionTest {
- protected:
-  void ExpectFollows(bool enabled, const std::vector<const TextBox*>& boxes) {
-    for (const TextBox* box : boxes) {
-      EXPECT_EQ(box->Enabled(), enabled) << box->name();
-      EXPECT_EQ(box->Back(), enabled ? BackColor::Window : BackColor::ButtonFace) << box->name();
-    }
-  }
-  void ExpectSelectedByTab(Form& form, TextBox& box, const std::string& text, std::size_t length) {
-    Person person(form);
-    person.Set(box.name(), "");
-    person.Tab(t.desktop, box.name());
-    EXPECT_EQ(box.SelLength(), 0u) << box.name();
-    person.Set(box.name(), text);
-    form.SetFocus(box);
-    EXPECT_EQ(box.SelLength(), 0u) << box.name();
-    person.Tab(t.desktop, box.name());
-    EXPECT_EQ(box.SelStart(), 0u) << box.name();
-    EXPECT_EQ(box.SelLength(), length) << box.name();
-  }
-  static std::vector<ShownMessage> Warning(const std::string& text) {
-    return Told(text, "Warning", MessageIcon::Exclamation);
-  }
-};
+class HeaderAndApplication : public TextDialogs {};
 
-// Forward.
-
-TEST_F(TextDialogs, ForwardShowsTheAddressWithoutItsForm) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"[SMTP:a@b]", "a@b"}, {"[SMTP:a@b", "a@b"},     {"a@b", "a@b"}, {"[smtp:a@b]", "[smtp:a@b]"},
-      {"Name [SMTP:a@b]", "SMTP:a@b"}, {"a@b]", "a@b]"}, {"", ""},
-  };
-  for (const auto& [values, shown] : cases) {
-    tasks().clear();
-    PutTask("T", "FORWARD_TO_ADDRESS", "x", values);
-    const std::string expected = shown, stored = values;
-    Edit<frmForward>("T", [&](auto& dialog, Person&) {
-      EXPECT_EQ(dialog.txtData.Text(), expected);
-      EXPECT_EQ(dialog.Values, stored);
-      EXPECT_EQ(dialog.Label1.Caption(), "Email address:");
-    });
-  }
-}
-
-TEST_F(TextDialogs, ForwardStoresABareAddressInItsForm) {
-  PutTask("T", "FORWARD_TO_ADDRESS", "x", "a@b");
-  Edit<frmForward>("T", [](auto&, Person& person) { person.Click("cmdOK"); });
-  EXPECT_EQ(tasks()[0].Values, "[SMTP:a@b]");
-}
-
-TEST_F(TextDialogs, ForwardChecksTheAddressOfAnEnabledAction) {
-  Add<frmForward>([&](auto& dialog, Person& person) {
-    for (const char* text : {"", "a b@c", "@c", "a@b ", "ab"}) {
-      person.Set("txtData", text);
-      dialog.SetFocus(dialog.end.cmdOK);
-      person.Click("cmdOK");
-      EXPECT_EQ(Messages(), Told("You need to enter a valid email address.", "Error", MessageIcon::Exclamation))
-          << text;
-      EXPECT_EQ(dialog.Focus(), &dialog.txtData);
-      EXPECT_TRUE(dialog.Loaded());
-    }
-    EXPECT_TRUE(t.store.calls.empty());
-    EXPECT_EQ(t.registry.TakeReloads(), 0);
-  });
-}
-
-TEST_F(TextDialogs, ForwardTakesAnyTextOfADisabledAction) {
-  for (const char* text : {"", "a b"}) {
-    tasks().clear();
-    Add<frmForward>([&](auto& dialog, Person& person) {
-      person.Set("txtData", text);
-      person.Click("chkStatus");
-      EXPECT_TRUE(dialog.txtData.Enabled());
-      EXPECT_EQ(dialog.txtData.Back(), BackColor::Window);
-      person.Click("cmdOK");
-      EXPECT_FALSE(dialog.Loaded());
-    });
-    EXPECT_EQ(tasks()[0].Values, std::string("[SMTP:") + text + "]");
-    EXPECT_EQ(tasks()[0].Status, 0);
-  }
-  EXPECT_TRUE(Messages().empty());
-}
-
-TEST_F(TextDialogs, ForwardSelectsByTab) {
-  Add<frmForward>([&](auto& dialog, Person&) { ExpectSelectedByTab(dialog, dialog.txtData, "a@b", 3); });
-}
-
-// Folder.
-
-TEST_F(TextDialogs, FolderFollowsTheStatus) {
-  Add<frmTaskGenericFolder>([&](auto& dialog, Person& person) {
-    EXPECT_EQ(dialog.Label1.Caption(), "Folder:");
-    ExpectFollows(true, {&dialog.txtFolder});
-    person.Click("chkStatus");
-    ExpectFollows(false, {&dialog.txtFolder});
-    person.Click("chkStatus");
-    ExpectFollows(true, {&dialog.txtFolder});
-    ExpectSelectedByTab(dialog, dialog.txtFolder, "\xC3\x84rger", 5);
-  });
-}
-
-TEST_F(TextDialogs, FolderOfADisabledTask) {
-  PutTask("T", "MOVE", "x", "A|B", 0);
-  Edit<frmTaskGenericFolder>("T", [&](auto& dialog, Person&) {
-    ExpectFollows(false, {&dialog.txtFolder});
-    EXPECT_EQ(dialog.txtFolder.Text(), "A|B");
-    EXPECT_EQ(dialog.Values, "A|B");
-    EXPECT_EQ(dialog.Focus(), &dialog.end.chkStatus);
-  });
-}
-
-TEST_F(TextDialogs, FolderMayBeEmpty) {
-  t.run.The<frmTaskGenericFolder>().SetType(action_types::kMove);
-  Add<frmTaskGenericFolder>([](auto&, Person& person) { person.Click("cmdOK"); });
-  EXPECT_EQ(t.store.calls.back(),
-            std::string("Task.AddTask@(CRTF,") + kFirstGuid + ",MOVE,Move Message to Folder...,1,)");
-  EXPECT_TRUE(Messages().empty());
-}
-
-TEST_F(TextDialogs, FolderOfAMissingTaskStaysEnabled) {
-  Edit<frmTaskGenericFolder>("GONE", [&](auto& dialog, Person&) { ExpectFollows(true, {&dialog.txtFolder}); });
-}
-
-// Header.
-
-TEST_F(TextDialogs, HeaderFollowsTheStatus) {
+TEST_F(HeaderAndApplication, HeaderFollowsTheStatus) {
   Add<frmTaskAddHeader>([&](auto& dialog, Person& person) {
     EXPECT_EQ(dialog.Label1.Caption(), "Header item (e.g. X-Spam:):");
     EXPECT_EQ(dialog.Label2.Caption(), "Header value:");
@@ -147,11 +20,12 @@ TEST_F(TextDialogs, HeaderFollowsTheStatus) {
   });
 }
 
-TEST_F(TextDialogs, HeaderIsSplitAtTheBar) {
+TEST_F(HeaderAndApplication, HeaderIsSplitAtTheBar) {
   struct Case {
     const char *values, *item, *value;
   };
-  const Case cases[] = {{"X-A|yes", "X-A", "yes"}, {"X-A|a|b", "X-A", "a"}, {"X-A", "X-A", ""}, {"|", "", ""}, {"", "", ""}};
+  const Case cases[] = {
+      {"X-A|yes", "X-A", "yes"}, {"X-A|a|b", "X-A", "a"}, {"X-A", "X-A", ""}, {"|", "", ""}, {"", "", ""}};
   for (const Case& c : cases) {
     tasks().clear();
     PutTask("T", "ADD_HEADER", "x", c.values, 0);
@@ -164,7 +38,7 @@ TEST_F(TextDialogs, HeaderIsSplitAtTheBar) {
   }
 }
 
-TEST_F(TextDialogs, HeaderNeedsItsTexts) {
+TEST_F(HeaderAndApplication, HeaderNeedsItsTexts) {
   Add<frmTaskAddHeader>([&](auto& dialog, Person& person) {
     for (const char* text : {"", "  "}) {
       person.Set("txtHeaderItem", text);
@@ -187,7 +61,7 @@ TEST_F(TextDialogs, HeaderNeedsItsTexts) {
   EXPECT_TRUE(tasks().empty());
 }
 
-TEST_F(TextDialogs, HeaderLosesOneColonAndNoBlanks) {
+TEST_F(HeaderAndApplication, HeaderLosesOneColonAndNoBlanks) {
   const std::pair<const char*, const char*> cases[] = {
       {"X-A:", "X-A| v "}, {"X-A::", "X-A:| v "}, {" X-A: ", " X-A: | v "}, {":", "| v "}};
   for (const auto& [item, values] : cases) {
@@ -203,7 +77,7 @@ TEST_F(TextDialogs, HeaderLosesOneColonAndNoBlanks) {
   }
 }
 
-TEST_F(TextDialogs, HeaderOfADisabledActionTakesAnything) {
+TEST_F(HeaderAndApplication, HeaderOfADisabledActionTakesAnything) {
   Add<frmTaskAddHeader>([](auto&, Person& person) {
     person.Click("chkStatus");
     person.Click("cmdOK");
@@ -217,7 +91,7 @@ TEST_F(TextDialogs, HeaderOfADisabledActionTakesAnything) {
   EXPECT_EQ(tasks()[1].Values, "X|");
 }
 
-TEST_F(TextDialogs, ASpamActionReopenedAsAHeaderKeepsItsValues) {
+TEST_F(HeaderAndApplication, ASpamActionReopenedAsAHeaderKeepsItsValues) {
   PutTask("T", "ADD_HEADER", "Mark message as spam", "X-QV-Content|Deliver-To=Junk");
   Edit<frmTaskAddHeader>("T", [](auto& dialog, Person& person) {
     EXPECT_EQ(dialog.txtHeaderItem.Text(), "X-QV-Content");
@@ -228,9 +102,7 @@ TEST_F(TextDialogs, ASpamActionReopenedAsAHeaderKeepsItsValues) {
   EXPECT_EQ(tasks()[0].Description, "Add a header to a message");
 }
 
-// Prefix.
-
-TEST_F(TextDialogs, PrefixFollowsTheStatus) {
+TEST_F(HeaderAndApplication, PrefixFollowsTheStatus) {
   Add<frmTaskAddPrefix>([&](auto& dialog, Person& person) {
     EXPECT_EQ(dialog.Label1.Caption(), "Subject Prefix:");
     ExpectFollows(true, {&dialog.txtPrefix});
@@ -241,7 +113,7 @@ TEST_F(TextDialogs, PrefixFollowsTheStatus) {
   });
 }
 
-TEST_F(TextDialogs, PrefixLosesWhatStandsBehindABar) {
+TEST_F(HeaderAndApplication, PrefixLosesWhatStandsBehindABar) {
   Add<frmTaskAddPrefix>([](auto&, Person& person) {
     person.Set("txtPrefix", " a|b ");
     person.Click("cmdOK");
@@ -255,7 +127,7 @@ TEST_F(TextDialogs, PrefixLosesWhatStandsBehindABar) {
   EXPECT_EQ(tasks()[0].Values, " a");
 }
 
-TEST_F(TextDialogs, PrefixIsNeededByAnEnabledAction) {
+TEST_F(HeaderAndApplication, PrefixIsNeededByAnEnabledAction) {
   Add<frmTaskAddPrefix>([&](auto& dialog, Person& person) {
     for (const char* text : {"", "  "}) {
       person.Set("txtPrefix", text);
@@ -273,9 +145,7 @@ TEST_F(TextDialogs, PrefixIsNeededByAnEnabledAction) {
   EXPECT_EQ(tasks()[0].Status, 0);
 }
 
-// Application.
-
-TEST_F(TextDialogs, ApplicationTexts) {
+TEST_F(HeaderAndApplication, ApplicationTexts) {
   Add<frmTaskExecuteApp>([](auto& dialog, Person&) {
     EXPECT_EQ(dialog.Label1.Caption(), "Application to execute:");
     EXPECT_EQ(dialog.Label2.Caption(), "Parameters:");
@@ -286,7 +156,7 @@ TEST_F(TextDialogs, ApplicationTexts) {
   });
 }
 
-TEST_F(TextDialogs, ApplicationFollowsTheStatus) {
+TEST_F(HeaderAndApplication, ApplicationFollowsTheStatus) {
   Add<frmTaskExecuteApp>([&](auto& dialog, Person& person) {
     ExpectFollows(true, {&dialog.txtApp, &dialog.txtParameters});
     person.Click("chkStatus");
@@ -297,7 +167,7 @@ TEST_F(TextDialogs, ApplicationFollowsTheStatus) {
   });
 }
 
-TEST_F(TextDialogs, ApplicationIsSplitAtTheBar) {
+TEST_F(HeaderAndApplication, ApplicationIsSplitAtTheBar) {
   PutTask("T", "EXECUTE_APPLICATION", "x", "a.exe|one|two", 0);
   Edit<frmTaskExecuteApp>("T", [&](auto& dialog, Person& person) {
     EXPECT_EQ(dialog.txtApp.Text(), "a.exe");
@@ -309,7 +179,7 @@ TEST_F(TextDialogs, ApplicationIsSplitAtTheBar) {
   EXPECT_EQ(tasks()[0].Values, "a.exe|one");
 }
 
-TEST_F(TextDialogs, ApplicationIsNeededByAnEnabledAction) {
+TEST_F(HeaderAndApplication, ApplicationIsNeededByAnEnabledAction) {
   Add<frmTaskExecuteApp>([&](auto& dialog, Person& person) {
     for (const char* text : {"", " "}) {
       person.Set("txtApp", text);
@@ -326,7 +196,7 @@ TEST_F(TextDialogs, ApplicationIsNeededByAnEnabledAction) {
   EXPECT_EQ(tasks()[0].Values, " any text |");
 }
 
-TEST_F(TextDialogs, ApplicationOfADisabledActionMayBeEmpty) {
+TEST_F(HeaderAndApplication, ApplicationOfADisabledActionMayBeEmpty) {
   Add<frmTaskExecuteApp>([](auto&, Person& person) {
     person.Click("chkStatus");
     person.Click("cmdOK");
