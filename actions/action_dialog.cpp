@@ -41,8 +41,8 @@ void ActionDialog::EditTask() {
 }
 
 Layout ActionDialog::Arrange() const {
-  std::vector<Layout> rows = Fields();
-  rows.insert(rows.begin(), layout::Field(lblH1, lblDescription));
+  std::vector<Layout> rows = {layout::Item(lblH1), layout::Item(lblDescription)};
+  for (Layout& field : Fields()) rows.push_back(std::move(field));
   rows.push_back(layout::Item(end_->chkStatus));
   rows.push_back(layout::Buttons({&end_->cmdOK, &end_->cmdCancel}));
   return layout::Column(std::move(rows));

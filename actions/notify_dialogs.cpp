@@ -127,7 +127,7 @@ bool NotifyDialog::Validate() {
 std::vector<Layout> NotifyDialog::Fields() const {
   return {layout::Item(notify_->optUseDefault), layout::Indent({layout::Item(notify_->txtData)}),
           layout::Item(notify_->optUseTemplate),
-          layout::Indent({layout::Side(layout::Field(notify_->Label1, notify_->cboTemplate), {&notify_->cmdEdit})})};
+          layout::Indent({layout::Field(notify_->Label1, notify_->cboTemplate, 0, {&notify_->cmdEdit})})};
 }
 
 frmTaskNotifySender::frmTaskNotifySender(Run& run) : NotifyDialog(run, kSender) { SetBoxes({&notify.txtData}); }

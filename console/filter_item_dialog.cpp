@@ -1,6 +1,5 @@
 #include "console/filter_item_dialog.h"
 
-#include <cstdint>
 #include <memory>
 
 #include "criteria/criterion_catalogue.h"

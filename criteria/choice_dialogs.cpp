@@ -1,5 +1,6 @@
 #include "criteria/choice_dialogs.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace qv {
@@ -26,7 +27,7 @@ void ChoiceDialog::SetFormControls() {
 
 void ChoiceDialog::GetFormControls() {
   CriterionDialog::GetFormControls();
-  Values = choices_[static_cast<std::size_t>(list.ListIndex())].stored;
+  Values = choices_[static_cast<std::size_t>(std::max(0L, list.ListIndex()))].stored;
 }
 
 std::vector<Layout> ChoiceDialog::Body() const { return {layout::Field(Label1, list)}; }

@@ -44,8 +44,6 @@ void frmManage::EditFilter(std::string& ID, const std::string& Postoffice, const
   host_ = Host;
   if (TextLength(ID) > 3 && UpperCase(Left(ID, 3)) == "FLT") ID = "CRT" + Mid(ID, 3);
 
-  // Anew also when an earlier opening came to nothing.
-  Unload();
   Load();
   const bool offered = GetScriptingStatus(run_) != 0 && mailbox_.empty();
   OfferScripting(offered);

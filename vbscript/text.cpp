@@ -19,12 +19,22 @@ StringRep* MakeRep(Context& context, std::size_t used, std::size_t capacity) {
   return rep;
 }
 
-constexpr std::size_t kBlock = 64;
+// How common a byte is in text, roughly: UTF-16 is full of zeros, and words are full of a few letters.
+int Commonness(unsigned char byte) {
+  if (byte == 0) return 100;
+  static constexpr std::string_view kCommon = "zqxjkvbpygfwmucldrhsinoate ";
+  const unsigned char lower = byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + 32) : byte;
+  const std::size_t rank = kCommon.find(static_cast<char>(lower));
+  if (rank == std::string_view::npos) return byte >= '0' && byte <= '9' ? 10 : 5;
+  return static_cast<int>(rank) + (lower == byte ? 12 : 4);
+}
 
 // Passes over blocks in which no place has both the first character and, `reach` behind it, the last one. What is left
 // before `end` may be less than a block.
-[[gnu::always_inline]] inline std::size_t SkipBlocksWith(const char16_t* text, std::size_t i, std::size_t end,
-                                                         char16_t first, char16_t last, std::size_t reach) {
+constexpr std::size_t kBlock = 32;
+
+std::size_t SkipBlocks(const char16_t* text, std::size_t i, std::size_t end, char16_t first, char16_t last,
+                       std::size_t reach) {
   for (; i + kBlock <= end; i += kBlock) {
     char16_t any = 0;
     for (std::size_t k = 0; k < kBlock; ++k) {
@@ -36,25 +46,36 @@ constexpr std::size_t kBlock = 64;
   return i;
 }
 
-std::size_t SkipBlocksPlainly(const char16_t* text, std::size_t i, std::size_t end, char16_t first, char16_t last,
-                              std::size_t reach) {
-  return SkipBlocksWith(text, i, end, first, last, reach);
-}
-
-#if defined(__x86_64__)
-// The same for processors with wider registers.
-[[gnu::target("avx2")]] std::size_t SkipBlocksWide(const char16_t* text, std::size_t i, std::size_t end, char16_t first,
-                                                   char16_t last, std::size_t reach) {
-  return SkipBlocksWith(text, i, end, first, last, reach);
-}
-#endif
-
-std::size_t SkipBlocks(const char16_t* text, std::size_t i, std::size_t end, char16_t first, char16_t last,
-                       std::size_t reach) {
-#if defined(__x86_64__)
-  if (__builtin_cpu_supports("avx2")) return SkipBlocksWide(text, i, end, first, last, reach);
-#endif
-  return SkipBlocksPlainly(text, i, end, first, last, reach);
+// Looks for the rarest byte of what is to be found, as long as that byte is rare in the text too; `from` is then where
+// the search has come to.
+std::size_t SearchRarest(Context& context, std::u16string_view text, std::u16string_view find, std::size_t& from) {
+  const auto* needle = reinterpret_cast<const char*>(find.data());
+  const std::size_t length = find.size() * 2;
+  std::size_t rarest = 0;
+  for (std::size_t i = 1; i < length; ++i) {
+    if (Commonness(static_cast<unsigned char>(needle[i])) < Commonness(static_cast<unsigned char>(needle[rarest]))) {
+      rarest = i;
+    }
+  }
+  const auto* bytes = reinterpret_cast<const char*>(text.data());
+  const std::size_t end = text.size() * 2 - length + rarest + 1;
+  const std::size_t start = from * 2 + rarest;
+  std::size_t at = start;
+  for (std::size_t failures = 0; at < end; ++failures) {
+    const auto* found = static_cast<const char*>(std::memchr(bytes + at, needle[rarest], end - at));
+    if (!found) {
+      from = text.size();
+      return std::u16string_view::npos;
+    }
+    at = static_cast<std::size_t>(found - bytes);
+    const std::size_t place = at - rarest;
+    if (place % 2 == 0 && std::memcmp(bytes + place, needle, length) == 0) return place / 2;
+    ++at;
+    if (failures > 64 && failures * 16 > at - start) break;
+    if (failures % 64 == 63) context.Poll(static_cast<int>(std::min<std::size_t>(length / 64 + 1, 1024)));
+  }
+  from = (at - rarest + 1) / 2;
+  return std::u16string_view::npos;
 }
 
 Value Extend(Context& context, const Value& left, const char* bytes, std::size_t count) {
@@ -236,6 +257,10 @@ std::size_t Search(Context& context, std::u16string_view text, std::u16string_vi
     return std::u16string_view::npos;
   }
   const std::size_t bytes = find.size() * sizeof(char16_t);
+  if (i < end) {
+    const std::size_t at = SearchRarest(context, text, find, i);
+    if (at != std::u16string_view::npos) return at;
+  }
   while (i < end) {
     i = SkipBlocks(text.data(), i, end, find.front(), find.back(), find.size() - 1);
     const std::size_t stop = std::min(end, i + kBlock);

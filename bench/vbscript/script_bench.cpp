@@ -49,6 +49,12 @@ constexpr Case kCases[] = {
      "End Function\nresult = Work()",
      "local t = {}\nfor i = 1, 100000 do t[#t + 1] = 'piece ' .. i .. ';' end\nresult = #table.concat(t)"},
     {"InStr on 100 KB",
+     "Function Work()\nDim i, s, n\ns = Replace(Space(2380), \" \", \"The quick brown fox jumps over the dog. \") & "
+     "\"needle\"\nn = 0\nFor i = 1 To 500\nn = n + InStr(1 + i, s, \"needle\")\nNext\nWork = n\nEnd Function\n"
+     "result = Work()",
+     "local s = ('The quick brown fox jumps over the dog. '):rep(2380) .. 'needle'\nlocal n = 0\n"
+     "for i = 1, 500 do n = n + s:find('needle', 1 + i, true) end\nresult = n"},
+    {"InStr, one letter",
      "Function Work()\nDim i, s, n\ns = String(99990, \"a\") & \"needle\"\nn = 0\nFor i = 1 To 2000\n"
      "n = n + InStr(1 + i, s, \"needle\")\nNext\nWork = n\nEnd Function\nresult = Work()",
      "local s = ('a'):rep(99990) .. 'needle'\nlocal n = 0\n"
@@ -64,7 +70,8 @@ constexpr Case kCases[] = {
      "local a = {}\nfor i = 1, 10000 do a[i] = (i - 1) % 100 end\nlocal s\n"
      "for k = 1, 200 do s = 0 for i = 1, 10000 do s = s + a[i] end end\nresult = s"},
     {"Select Case",
-     "Function Work()\nDim i, s\ns = 0\nFor i = 1 To 2000000\nSelect Case i Mod 8\nCase 0\ns = s + 1\nCase 1\ns = s + 2\n"
+     "Function Work()\nDim i, s\ns = 0\nFor i = 1 To 2000000\nSelect Case i Mod 8\nCase 0\ns = s + 1\nCase 1\ns = s + "
+     "2\n"
      "Case 2, 3\ns = s + 3\nCase 4\ns = s + 4\nCase Else\ns = s - 1\nEnd Select\nNext\nWork = s\nEnd Function\n"
      "result = Work()",
      "local s = 0\nfor i = 1, 2000000 do\nlocal v = i % 8\nif v == 0 then s = s + 1\nelseif v == 1 then s = s + 2\n"
@@ -105,7 +112,9 @@ std::string LongScript() {
     const std::string n = std::to_string(i);
     text += "Function Check" + n + "(subject, sender)\r\n  Dim found, i\r\n  found = False\r\n";
     text += "  For i = 1 To Len(subject)\r\n    If Mid(subject, i, 3) = \"abc\" And Not found Then found = True\r\n";
-    text += "  Next ' the next character\r\n  Select Case LCase(sender)\r\n    Case \"a@example.com\", \"b@example.com\"\r\n";
+    text +=
+        "  Next ' the next character\r\n  Select Case LCase(sender)\r\n    Case \"a@example.com\", "
+        "\"b@example.com\"\r\n";
     text += "      found = found Or InStr(1, subject, \"word" + n + "\", vbTextCompare) > 0\r\n    Case Else\r\n";
     text += "      found = (" + n + " + 4) * 2 > 100\r\n  End Select\r\n  Check" + n + " = found\r\nEnd Function\r\n";
   }

@@ -1,7 +1,6 @@
 // Reads any text as an export into a database, from which the same rows must come.
 
 #include <stdlib.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -10,23 +9,43 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <vector>
 
 #include "store/database.h"
 #include "store/exchange.h"
 
 namespace {
 
-// A database in memory-backed storage where there is some, for the whole run.
-qv::Database& TheDatabase() {
-  static const std::unique_ptr<qv::Database> database = [] {
+// A database for the whole run, in memory-backed storage where there is some.
+class TemporaryDatabase {
+ public:
+  TemporaryDatabase() {
     std::string name = std::filesystem::exists("/dev/shm") ? "/dev/shm/qv-fuzz-XXXXXX" : "qv-fuzz-XXXXXX";
     if (!mkdtemp(name.data())) std::abort();
-    const std::filesystem::path file = std::filesystem::path(name) / "quillvane.db";
+    directory_ = name;
+    const std::filesystem::path file = qv::DatabaseFile(directory_);
     qv::Database::Create(file);
-    auto opened = std::make_unique<qv::Database>(file);
-    return opened;
-  }();
-  return *database;
+    database_ = std::make_unique<qv::Database>(file);
+  }
+  ~TemporaryDatabase() {
+    database_.reset();
+    std::error_code none;
+    std::filesystem::remove_all(directory_, none);
+  }
+  TemporaryDatabase(const TemporaryDatabase&) = delete;
+  TemporaryDatabase& operator=(const TemporaryDatabase&) = delete;
+
+  qv::Database& Get() { return *database_; }
+
+ private:
+  std::filesystem::path directory_;
+  std::unique_ptr<qv::Database> database_;
+};
+
+qv::Database& TheDatabase() {
+  static TemporaryDatabase database;
+  return database.Get();
 }
 
 // The scopes in the store's order; the order inside each stays.

@@ -67,7 +67,7 @@ Action ConsoleSession::ReadConsoleEvent(const std::string& what, const Event& ev
   if (what == "choose") return ReadChoice(event);
   if (what == "verb") return ReadVerb(event);
 
-  const bool of_pane = what == "selectItems" || what == "doubleClick" || what == "sort" || what == "scroll";
+  const bool of_pane = what == "selectItems" || what == "doubleClick" || what == "sort" || what == "scroll" || what == "filter";
   if (!of_pane) throw EventError("There is no event \"" + what + "\" that could be taken now.");
   if (!pane_) throw EventError("No result pane is shown.");
   if (what == "selectItems") {
@@ -88,11 +88,13 @@ Action ConsoleSession::ReadConsoleEvent(const std::string& what, const Event& ev
     if (column < 0 || column >= static_cast<long>(pane_->ResultView->ListView.Columns.size())) {
       throw EventError("There is no column " + std::to_string(column) + ".");
     }
-    return [this, column] {
-      pane_->SortBy(static_cast<int>(column), [this](const ResultView& view, const ListItem& first,
-                                                     const ListItem& second, int at) {
-        return CompareRows(view, first, second, at);
-      });
+    return [this, column] { pane_->SortBy(static_cast<int>(column), Comparison()); };
+  }
+  if (what == "filter") {
+    if (!pane_->CanFilter()) throw EventError("The pane shows all of its rows always.");
+    return [this, text = event.Text("text")] {
+      pane_->FilterBy(text, Comparison());
+      verbs_ = VerbsOf(target_);
     };
   }
   const long offset = event.Number("offset");
@@ -180,9 +182,7 @@ void ConsoleSession::BuildPane() {
   } catch (const RuntimeError& error) {
     ConsoleMsgBox(error.description(), "", MessageIcon::None, MessageButtons::Ok);
   }
-  pane.TakeRows([this](const ResultView& of, const ListItem& first, const ListItem& second, int column) {
-    return CompareRows(of, first, second, column);
-  });
+  pane.TakeRows(Comparison());
   verbs_ = VerbsOf(target_);
 }
 
@@ -195,6 +195,7 @@ void ConsoleSession::FillOwnPane(ResultView& view) {
     item.SubItems = {{"1" + key, name}};
   };
   if (node.kind == Kind::Postoffice) {
+    pane_->LetFilter();
     view.ListView.Name = "lvwMailboxes";
     view.ListView.Tag = "mailbox";
     view.ListView.Columns = {{"t1", "Mailbox", 300}};
@@ -210,10 +211,12 @@ void ConsoleSession::FillOwnPane(ResultView& view) {
   for (const auto& child : node.children) add(child->id, child->caption(), std::to_string(child->image));
 }
 
-int ConsoleSession::CompareRows(const ResultView& view, const ListItem& first, const ListItem& second, int column) {
-  int result = 0;
-  filtering_->ResultViews_CompareItems(view, SortItem{nullptr, &first}, SortItem{nullptr, &second}, column, result);
-  return result;
+ResultPane::Compare ConsoleSession::Comparison() {
+  return [this](const ResultView& view, const ListItem& first, const ListItem& second, int column) {
+    int result = 0;
+    filtering_->ResultViews_CompareItems(view, SortItem{nullptr, &first}, SortItem{nullptr, &second}, column, result);
+    return result;
+  };
 }
 
 void ConsoleSession::OpenRow(const std::string& key) {

@@ -75,7 +75,8 @@ class ConsoleSession : private Toolkit, private Console {
   void ReloadPostoffices(TreeNode& branch);
   void BuildPane();
   void FillOwnPane(ResultView& view);
-  int CompareRows(const ResultView& view, const ListItem& first, const ListItem& second, int column);
+  // The console's sort callback.
+  ResultPane::Compare Comparison();
   void OpenRow(const std::string& key);
   Selection SelectionOf(Target target);
   View PresentView() { return View{pane_.get()}; }

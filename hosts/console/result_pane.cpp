@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/text.h"
+
 namespace qv {
 
 namespace {
@@ -24,6 +26,12 @@ void MergeSort(std::vector<Row>& rows, const Above& above) {
   }
 }
 
+bool Holds(const ListItem& item, const std::string& upper_text) {
+  return std::any_of(item.SubItems.begin(), item.SubItems.end(), [&upper_text](const ListSubItem& cell) {
+    return UpperCase(cell.Text).find(upper_text) != std::string::npos;
+  });
+}
+
 }  // namespace
 
 ResultPane::ResultPane(TreeNode& node, std::function<void()> rebuild) : node_(node), rebuild_(std::move(rebuild)) {
@@ -44,12 +52,24 @@ qv::ResultView& ResultPane::Restart(const std::string& host) {
 
 void ResultPane::TakeRows(const Compare& compare) {
   Order(compare);
+  DropHiddenSelection();
+  ScrollTo(offset_);
+}
+
+void ResultPane::DropHiddenSelection() {
+  if (selected_.empty()) return;
   std::unordered_set<std::string> left;
   for (const ListItem* item : shown_) {
     if (IsSelected(*item)) left.insert(item->Key);
   }
   selected_ = std::move(left);
-  ScrollTo(offset_);
+}
+
+void ResultPane::FilterBy(const std::string& text, const Compare& compare) {
+  filter_ = text;
+  Order(compare);
+  DropHiddenSelection();
+  ScrollTo(0);
 }
 
 void ResultPane::SortBy(int column, const Compare& compare) {
@@ -60,7 +80,10 @@ void ResultPane::SortBy(int column, const Compare& compare) {
 
 void ResultPane::Order(const Compare& compare) {
   shown_.clear();
-  for (const auto& item : view_->ListView.ListItems.All()) shown_.push_back(item.get());
+  const std::string wanted = UpperCase(filter_);
+  for (const auto& item : view_->ListView.ListItems.All()) {
+    if (wanted.empty() || Holds(*item, wanted)) shown_.push_back(item.get());
+  }
   if (!sort_) return;
   const int direction = sort_->descending ? -1 : 1;
   MergeSort(shown_, [&](const ListItem* first, const ListItem* second) {

@@ -35,6 +35,12 @@ class ResultPane : public ScopePaneItem {
   void TakeRows(const Compare& compare);
   void SortBy(int column, const Compare& compare);
 
+  // Whether the pane shows only the rows that hold a text, in any case, of which an empty one is in every row.
+  bool CanFilter() const { return can_filter_; }
+  void LetFilter() { can_filter_ = true; }
+  const std::string& filter() const { return filter_; }
+  void FilterBy(const std::string& text, const Compare& compare);
+
   const std::vector<ListItem*>& Shown() const { return shown_; }
   ListItem* FindRow(const std::string& key) const;
   const std::optional<Sort>& sort() const { return sort_; }
@@ -53,6 +59,7 @@ class ResultPane : public ScopePaneItem {
 
  private:
   void Order(const Compare& compare);
+  void DropHiddenSelection();
 
   TreeNode& node_;
   std::function<void()> rebuild_;
@@ -61,6 +68,8 @@ class ResultPane : public ScopePaneItem {
   std::vector<ListItem*> shown_;
   std::unordered_set<std::string> selected_;
   std::optional<Sort> sort_;
+  bool can_filter_ = false;
+  std::string filter_;
   std::size_t offset_ = 0;
 };
 

@@ -59,6 +59,7 @@ json::object WriteView(const ResultPane& pane, const json::storage_ptr& memory) 
   } else {
     to["sort"] = nullptr;
   }
+  if (pane.CanFilter()) to["filter"] = pane.filter();
   const auto& shown = pane.Shown();
   const std::size_t first = std::min(pane.offset(), shown.size());
   const std::size_t last = std::min(first + ResultPane::kWindow, shown.size());

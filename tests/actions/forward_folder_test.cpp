@@ -27,7 +27,7 @@ TEST_F(ForwardAndFolder, ForwardShowsTheAddressWithoutItsForm) {
 TEST_F(ForwardAndFolder, ForwardStoresABareAddressInItsForm) {
   PutTask("T", "FORWARD_TO_ADDRESS", "x", "a@b");
   Edit<frmForward>("T", [](auto&, Person& person) { person.Click("cmdOK"); });
-  EXPECT_EQ(tasks()[0].Values, "[SMTP:a@b]");
+  EXPECT_EQ(tasks().at(0).Values, "[SMTP:a@b]");
 }
 
 TEST_F(ForwardAndFolder, ForwardChecksTheAddressOfAnEnabledAction) {
@@ -57,8 +57,8 @@ TEST_F(ForwardAndFolder, ForwardTakesAnyTextOfADisabledAction) {
       person.Click("cmdOK");
       EXPECT_FALSE(dialog.Loaded());
     });
-    EXPECT_EQ(tasks()[0].Values, std::string("[SMTP:") + text + "]");
-    EXPECT_EQ(tasks()[0].Status, 0);
+    EXPECT_EQ(tasks().at(0).Values, std::string("[SMTP:") + text + "]");
+    EXPECT_EQ(tasks().at(0).Status, 0);
   }
   EXPECT_TRUE(Messages().empty());
 }

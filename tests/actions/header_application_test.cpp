@@ -73,7 +73,7 @@ TEST_F(HeaderAndApplication, HeaderLosesOneColonAndNoBlanks) {
       person.Click("cmdOK");
     });
     ASSERT_EQ(tasks().size(), 1u);
-    EXPECT_EQ(tasks()[0].Values, values);
+    EXPECT_EQ(tasks().at(0).Values, values);
   }
 }
 
@@ -87,8 +87,8 @@ TEST_F(HeaderAndApplication, HeaderOfADisabledActionTakesAnything) {
     person.Click("chkStatus");
     person.Click("cmdOK");
   });
-  EXPECT_EQ(tasks()[0].Values, "|");
-  EXPECT_EQ(tasks()[1].Values, "X|");
+  EXPECT_EQ(tasks().at(0).Values, "|");
+  EXPECT_EQ(tasks().at(1).Values, "X|");
 }
 
 TEST_F(HeaderAndApplication, ASpamActionReopenedAsAHeaderKeepsItsValues) {
@@ -98,8 +98,8 @@ TEST_F(HeaderAndApplication, ASpamActionReopenedAsAHeaderKeepsItsValues) {
     EXPECT_EQ(dialog.txtHeaderValue.Text(), "Deliver-To=Junk");
     person.Click("cmdOK");
   });
-  EXPECT_EQ(tasks()[0].Values, "X-QV-Content|Deliver-To=Junk");
-  EXPECT_EQ(tasks()[0].Description, "Add a header to a message");
+  EXPECT_EQ(tasks().at(0).Values, "X-QV-Content|Deliver-To=Junk");
+  EXPECT_EQ(tasks().at(0).Description, "Add a header to a message");
 }
 
 TEST_F(HeaderAndApplication, PrefixFollowsTheStatus) {
@@ -118,13 +118,13 @@ TEST_F(HeaderAndApplication, PrefixLosesWhatStandsBehindABar) {
     person.Set("txtPrefix", " a|b ");
     person.Click("cmdOK");
   });
-  EXPECT_EQ(tasks()[0].Values, " a|b ");
+  EXPECT_EQ(tasks().at(0).Values, " a|b ");
   Edit<frmTaskAddPrefix>(kFirstGuid, [](auto& dialog, Person& person) {
     EXPECT_EQ(dialog.txtPrefix.Text(), " a");
     EXPECT_EQ(dialog.Values, " a|b ");
     person.Click("cmdOK");
   });
-  EXPECT_EQ(tasks()[0].Values, " a");
+  EXPECT_EQ(tasks().at(0).Values, " a");
 }
 
 TEST_F(HeaderAndApplication, PrefixIsNeededByAnEnabledAction) {
@@ -141,8 +141,8 @@ TEST_F(HeaderAndApplication, PrefixIsNeededByAnEnabledAction) {
     person.Click("chkStatus");
     person.Click("cmdOK");
   });
-  EXPECT_EQ(tasks()[0].Values, "");
-  EXPECT_EQ(tasks()[0].Status, 0);
+  EXPECT_EQ(tasks().at(0).Values, "");
+  EXPECT_EQ(tasks().at(0).Status, 0);
 }
 
 TEST_F(HeaderAndApplication, ApplicationTexts) {
@@ -176,7 +176,7 @@ TEST_F(HeaderAndApplication, ApplicationIsSplitAtTheBar) {
     ExpectFollows(false, {&dialog.txtApp, &dialog.txtParameters});
     person.Click("cmdOK");
   });
-  EXPECT_EQ(tasks()[0].Values, "a.exe|one");
+  EXPECT_EQ(tasks().at(0).Values, "a.exe|one");
 }
 
 TEST_F(HeaderAndApplication, ApplicationIsNeededByAnEnabledAction) {
@@ -193,7 +193,7 @@ TEST_F(HeaderAndApplication, ApplicationIsNeededByAnEnabledAction) {
     person.Set("txtApp", " any text ");
     person.Click("cmdOK");
   });
-  EXPECT_EQ(tasks()[0].Values, " any text |");
+  EXPECT_EQ(tasks().at(0).Values, " any text |");
 }
 
 TEST_F(HeaderAndApplication, ApplicationOfADisabledActionMayBeEmpty) {
@@ -201,8 +201,8 @@ TEST_F(HeaderAndApplication, ApplicationOfADisabledActionMayBeEmpty) {
     person.Click("chkStatus");
     person.Click("cmdOK");
   });
-  EXPECT_EQ(tasks()[0].Values, "|");
-  EXPECT_EQ(tasks()[0].Status, 0);
+  EXPECT_EQ(tasks().at(0).Values, "|");
+  EXPECT_EQ(tasks().at(0).Status, 0);
 }
 
 }  // namespace

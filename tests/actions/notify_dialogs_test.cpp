@@ -99,9 +99,9 @@ TEST_F(NotifyDialogs, AddWithATemplate) {
     person.Click("optUseTemplate");
     person.Click("cmdOK");
   });
-  EXPECT_EQ(tasks()[1].TaskType, "NOTIFY_RECIPIENTS");
-  EXPECT_EQ(tasks()[1].Description, "");
-  EXPECT_EQ(tasks()[1].Values, "QVFILTER-alpha");
+  EXPECT_EQ(tasks().at(1).TaskType, "NOTIFY_RECIPIENTS");
+  EXPECT_EQ(tasks().at(1).Description, "");
+  EXPECT_EQ(tasks().at(1).Values, "QVFILTER-alpha");
 }
 
 TEST_F(NotifyDialogs, AddToAnAddressWithATemplate) {
@@ -113,8 +113,8 @@ TEST_F(NotifyDialogs, AddToAnAddressWithATemplate) {
     person.Click("optUseTemplate");
     person.Click("cmdOK");
   });
-  EXPECT_EQ(tasks()[0].Description, "R");
-  EXPECT_EQ(tasks()[0].Values, "<REFERENCE><ADDRESS>a@b</ADDRESS><FILE>QVFILTER-alpha</FILE></REFERENCE>");
+  EXPECT_EQ(tasks().at(0).Description, "R");
+  EXPECT_EQ(tasks().at(0).Values, "<REFERENCE><ADDRESS>a@b</ADDRESS><FILE>QVFILTER-alpha</FILE></REFERENCE>");
 }
 
 TEST_F(NotifyDialogs, LoadOfTheDefaultMessage) {
@@ -151,7 +151,7 @@ TEST_F(NotifyDialogs, ATemplateThatIsGoneBecomesTheFirstAtOk) {
   PutTemplates();
   PutTask("T", "NOTIFY_SENDER", "Why", "QVFILTER-gone");
   Edit<frmTaskNotifySender>("T", [](auto&, Person& person) { person.Click("cmdOK"); });
-  EXPECT_EQ(tasks()[0].Values, "QVFILTER-alpha");
+  EXPECT_EQ(tasks().at(0).Values, "QVFILTER-alpha");
 }
 
 TEST_F(NotifyDialogs, LoadOfAnAddress) {
@@ -267,7 +267,7 @@ TEST_F(NotifyDialogs, WithoutTemplates) {
     EXPECT_FALSE(dialog.Loaded());
   });
   EXPECT_EQ(t.desktop.programs, (Items{"notepad \"C:\\Config\\filters\\templates\\QVFILTER-.TXT\""}));
-  EXPECT_EQ(tasks()[0].Values, "");
+  EXPECT_EQ(tasks().at(0).Values, "");
 }
 
 TEST_F(NotifyDialogs, TheTemplateCheckDoesNotAskForTheStatus) {
@@ -297,7 +297,7 @@ TEST_F(NotifyDialogs, TheAddressIsChecked) {
     person.Click("cmdOK");
     EXPECT_FALSE(dialog.Loaded());
   });
-  EXPECT_EQ(tasks()[0].Values, "<REFERENCE><ADDRESS>a@</ADDRESS><FILE></FILE></REFERENCE>");
+  EXPECT_EQ(tasks().at(0).Values, "<REFERENCE><ADDRESS>a@</ADDRESS><FILE></FILE></REFERENCE>");
 }
 
 TEST_F(NotifyDialogs, TheAddressIsCheckedWhenDisabledToo) {

@@ -14,10 +14,10 @@ TEST_F(PlainDialogs, WriteBackTheValuesThatTheyFound) {
   Edit<frmTaskBadMail>("B", [](auto&, Person& person) { person.Click("cmdOK"); });
   Edit<frmTaskDeleteMessage>("D", [](auto&, Person& person) { person.Click("cmdOK"); });
   Edit<FrmTaskQuarantine>("Q", [](auto&, Person& person) { person.Click("cmdOK"); });
-  EXPECT_EQ(tasks()[0].Values, "kept|1");
-  EXPECT_EQ(tasks()[0].Description, "Copy Message to Bad Mail");
-  EXPECT_EQ(tasks()[1].Values, "kept|2");
-  EXPECT_EQ(tasks()[2].Values, "kept|3");
+  EXPECT_EQ(tasks().at(0).Values, "kept|1");
+  EXPECT_EQ(tasks().at(0).Description, "Copy Message to Bad Mail");
+  EXPECT_EQ(tasks().at(1).Values, "kept|2");
+  EXPECT_EQ(tasks().at(2).Values, "kept|3");
 }
 
 TEST_F(PlainDialogs, AnAddAfterAnEditStartsWithEmptyValues) {
@@ -25,7 +25,7 @@ TEST_F(PlainDialogs, AnAddAfterAnEditStartsWithEmptyValues) {
   Edit<frmTaskBadMail>("B", [](auto&, Person& person) { person.Click("cmdOK"); });
   Add<frmTaskBadMail>([](auto&, Person& person) { person.Click("cmdOK"); });
   ASSERT_EQ(tasks().size(), 2u);
-  EXPECT_EQ(tasks()[1].Values, "");
+  EXPECT_EQ(tasks().at(1).Values, "");
 }
 
 TEST_F(PlainDialogs, WhatLoadingKeeps) {
@@ -64,8 +64,8 @@ TEST_F(PlainDialogs, ATaskRemovedBehindTheDialogIsWrittenUnderItsOldId) {
 TEST_F(PlainDialogs, MarkAsSpamWritesItsConstantsAtEditToo) {
   PutTask("S", "ADD_HEADER", "Mark message as spam.", "other|text");
   Edit<frmTaskMarkasSpam>("S", [](auto&, Person& person) { person.Click("cmdOK"); });
-  EXPECT_EQ(tasks()[0].Description, "Mark message as spam");
-  EXPECT_EQ(tasks()[0].Values, "X-QV-Content|Deliver-To=Junk");
+  EXPECT_EQ(tasks().at(0).Description, "Mark message as spam");
+  EXPECT_EQ(tasks().at(0).Values, "X-QV-Content|Deliver-To=Junk");
 }
 
 TEST_F(PlainDialogs, TheSharedDialogWritesTheTypeThatItWasGiven) {
@@ -74,8 +74,8 @@ TEST_F(PlainDialogs, TheSharedDialogWritesTheTypeThatItWasGiven) {
   dialog.Description = "Any description";
   Add<frmTaskGeneric>([](auto&, Person& person) { person.Click("cmdOK"); });
   ASSERT_EQ(tasks().size(), 1u);
-  EXPECT_EQ(tasks()[0].TaskType, "QUARANTINE");
-  EXPECT_EQ(tasks()[0].Description, "Any description");
+  EXPECT_EQ(tasks().at(0).TaskType, "QUARANTINE");
+  EXPECT_EQ(tasks().at(0).Description, "Any description");
 }
 
 TEST_F(PlainDialogs, AnyStatusButOneShowsAsOff) {

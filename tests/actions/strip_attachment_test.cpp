@@ -114,7 +114,7 @@ TEST_F(StripAttachment, AddFails) {
 
 TEST_F(StripAttachment, AnEmptyListSavesNothingInValues) {
   ShowNew([](auto&, Person& person) { person.Click("cmdOK"); });
-  EXPECT_EQ(tasks()[0].Values, "");
+  EXPECT_EQ(tasks().at(0).Values, "");
 }
 
 TEST_F(StripAttachment, AddOfNothingTurnsTheStatusOff) {
@@ -182,7 +182,7 @@ TEST_F(StripAttachment, DeleteMovesTheSelection) {
     person.Click("cmdOK");
     EXPECT_EQ(dialog.Status, 1);
   });
-  EXPECT_EQ(tasks()[0].Status, 1);
+  EXPECT_EQ(tasks().at(0).Status, 1);
 }
 
 TEST_F(StripAttachment, DeleteViewDeletes) {

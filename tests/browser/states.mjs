@@ -337,6 +337,39 @@ export function WordsForm(more = {}) {
   };
 }
 
+export const kScript =
+  "' Mail from the press office\r\nDim Met\r\nIf CriteriaMet([QV_SUBJECT],\"press\") Then\r\n    Met = Len(\"a\") + 1\r\n" +
+  "    FilterResult = True\r\nEnd If\r\n";
+
+export function ScriptForm(more = {}, text = {}) {
+  return {
+    name: "frmScriptEditor",
+    caption: "Advanced Criteria Script Editor",
+    height: 0,
+    size: "medium",
+    controls: [
+      Label("Label1", "Type the script that decides."),
+      Label("Label2", "&Script:"),
+      Text("txtCondition", kScript, { multiline: true, code: true, ...text }),
+      Label("Label3", "&Tokens:"),
+      List("lstTokens", ["[QV_SUBJECT]", "[QV_BODY]", "[QV_FROM]"], -1),
+      Button("cmdCheck", "Chec&k"),
+      Button("cmdExit", "Save and exit"),
+      Button("cmdCancel", "&Cancel", { cancel: true }),
+    ],
+    layout: {
+      kind: "column",
+      items: [
+        { kind: "control", control: "Label1" },
+        { kind: "field", label: "Label2", control: "txtCondition", grow: true, lines: 14 },
+        { kind: "field", label: "Label3", control: "lstTokens", lines: 3 },
+        { kind: "buttons", items: ["cmdCheck", "cmdExit", "cmdCancel"] },
+      ],
+    },
+    ...more,
+  };
+}
+
 export function MailboxSheet(more = {}) {
   const rows = ["Holiday answers", "Mailing lists", "Private"].map((text, n) => ({
     key: `FLT${n}`,

@@ -101,6 +101,14 @@ TEST_F(Pages, CountAnyOtherValueAsOff) {
   EXPECT_FALSE(mailbox.chkEnabled.Checked());
 }
 
+TEST_F(Pages, StartedAgainAreNotChangedByTheNewValue) {
+  Start(mailbox);
+  run.store.server().options = {{2, "abc/joe", "MailBox-MailboxRulesStatus", "1"}};
+  Start(mailbox);
+  EXPECT_TRUE(mailbox.chkEnabled.Checked());
+  EXPECT_FALSE(mailbox.Changed());
+}
+
 TEST_F(Pages, TheSwitchMarksThePageAsChanged) {
   Start(mailbox);
   Person(mailbox).Click("chkEnabled");

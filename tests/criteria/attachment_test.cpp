@@ -184,6 +184,15 @@ TEST_F(Attachment, TheButtonsDoNothingWithoutAnEntry) {
   });
 }
 
+TEST_F(Attachment, UpdateOfNothingInAnEmptyListTakesTheStatusAway) {
+  With("", [](Form& form) {
+    Person(form).Pick("lstWords", -1);
+    Person(form).Click("CmdEdit");
+    EXPECT_FALSE(IsOn(form, "chkStatus"));
+    form.Unload();
+  });
+}
+
 TEST_F(Attachment, DeleteMovesTheSelection) {
   With("a,b,c", [](Form& form) {
     Person person(form);

@@ -38,6 +38,13 @@ TEST_F(ForPostoffice, SelectsTheFirstForWhatIsNotThere) {
   }
 }
 
+TEST_F(ForPostoffice, ARowWithoutValuesIsNoPostofficeWithoutAName) {
+  store.server().postoffices = {"abc", ""};
+  Put("19");
+  EXPECT_EQ(Save(), "abc");
+  EXPECT_EQ(selected, 0);
+}
+
 TEST_F(ForPostoffice, StoresTheOnePicked) {
   store.server().postoffices = {"abc", "def"};
   Put("19");

@@ -2,6 +2,7 @@
 
 #include "criteria/flag_dialogs.h"
 #include "criteria/importance_dialog.h"
+#include "criteria/postoffice_dialog.h"
 #include "tests/criteria/criteria_test.h"
 
 namespace qv::test {
@@ -43,11 +44,36 @@ class ToldCriteria : public Criteria {
   Texts& told_;
 };
 
+// Two postoffices.
+class ToldPostoffice : public Postoffice {
+ public:
+  explicit ToldPostoffice(Texts& told) : told_(told) {}
+  void SetHost() override { told_.push_back("SetHost " + Host); }
+  int FindFirstPostoffice() override { return Find("FindFirst"); }
+  int FindNextPostoffice() override { return Find("FindNext"); }
+
+ private:
+  int Find(const std::string& operation) {
+    told_.push_back(operation + " " + Account + "|" + Name + "|" + std::to_string(Status));
+    if (++found_ > 2) return 0;
+    Account = "account";
+    Name = "po" + std::to_string(found_);
+    Status = 1;
+    return 1;
+  }
+  Texts& told_;
+  int found_ = 0;
+};
+
 struct ToldStore : MemoryStore {
   Texts told;
   std::unique_ptr<Criteria> CreateCriteria() override {
     told.push_back("Create");
     return std::make_unique<ToldCriteria>(told);
+  }
+  std::unique_ptr<Postoffice> CreatePostoffice() override {
+    told.push_back("CreatePostoffice");
+    return std::make_unique<ToldPostoffice>(told);
   }
 };
 
@@ -80,6 +106,17 @@ TEST_F(StoreTemplate, OfTheImportanceDialog) {
   EXPECT_EQ(told_store.told, Texts({"Create", "SetHost ||||-1|||-1||", "GetCriteria |id|6||-1|||-1|p|m",  //
                                     "Create", "SetHost ||||-1|||-1||", "EditCriteria |id read|rule read||-1|||-1|p|m",
                                     "rule read|1||type read|description read|Low|0"}));
+}
+
+// Account | Name | Status.
+TEST_F(StoreTemplate, OfThePostoffices) {
+  auto& dialog = told_run.The<frmCriteriaForPostoffice>();
+  dialog.Host = "h";
+  desktop.Visit([](Form& form) { form.Unload(); });
+  dialog.SetCriteria();
+  told_store.told.erase(told_store.told.begin(), told_store.told.begin() + 3);
+  EXPECT_EQ(told_store.told,
+            Texts({"CreatePostoffice", "SetHost h", "FindFirst ||-1", "FindNext ||-1", "FindNext ||-1"}));
 }
 
 }  // namespace

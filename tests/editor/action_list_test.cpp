@@ -36,7 +36,7 @@ TEST_F(ActionLists, NotificationsHaveFixedTexts) {
   person.Pick("lvwActions", 0);
   person.Click("cmdDown");
   EXPECT_EQ(Texts(), (Items{"Notify Recipient", "Notify Sender", "Notify Address"}));
-  EXPECT_EQ(tasks()[1].Description, "Reason one");
+  EXPECT_EQ(tasks().at(1).Description, "Reason one");
 }
 
 TEST_F(ActionLists, ShowsTheTasksOfItsFilterAndScopeOnly) {

@@ -202,7 +202,7 @@ TEST_F(ActionDialogs, EveryTypeIsEditedInItsDialog) {
     });
     person.Open("lvwActions", 0);
     EXPECT_TRUE(t.desktop.AllVisited()) << c.type;
-    EXPECT_EQ(tasks()[0].Description, c.description);
+    EXPECT_EQ(tasks().at(0).Description, c.description);
   }
 }
 
@@ -216,10 +216,10 @@ TEST_F(ActionDialogs, SharedDialogsDoNotMixTheirTypes) {
     EXPECT_EQ(dialog.lblDescription.Caption(), "This task stops processing any more filters for the message");
   });
   person.Open("lvwActions", 1);
-  EXPECT_EQ(tasks()[0].TaskType, "JUNK");
-  EXPECT_EQ(tasks()[0].Description, "Move Message to Junk E-Mail Folder");
-  EXPECT_EQ(tasks()[1].TaskType, "STOP_PROCESSING");
-  EXPECT_EQ(tasks()[1].Description, "Stop processing filters");
+  EXPECT_EQ(tasks().at(0).TaskType, "JUNK");
+  EXPECT_EQ(tasks().at(0).Description, "Move Message to Junk E-Mail Folder");
+  EXPECT_EQ(tasks().at(1).TaskType, "STOP_PROCESSING");
+  EXPECT_EQ(tasks().at(1).Description, "Stop processing filters");
 }
 
 TEST_F(ActionDialogs, ATypeWithoutADialogDoesNothingAndMovesAndGoesLikeAnyOther) {
@@ -231,7 +231,7 @@ TEST_F(ActionDialogs, ATypeWithoutADialogDoesNothingAndMovesAndGoesLikeAnyOther)
   EXPECT_EQ(form.lvwActions.Selected(), 0);
   person.Click("cmdDown");
   EXPECT_EQ(Stored(), (Items{"B", "R"}));
-  EXPECT_EQ(tasks()[1].Values, "*.exe");
+  EXPECT_EQ(tasks().at(1).Values, "*.exe");
   t.desktop.answers = {MessageAnswer::Yes};
   person.Click("cmdDelete");
   EXPECT_EQ(Stored(), (Items{"B"}));

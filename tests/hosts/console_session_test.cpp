@@ -292,6 +292,32 @@ TEST_F(Console, AWindowOfRowsIsShown) {
   EXPECT_EQ(c.Verbs(), "properties,refresh");
 }
 
+TEST_F(Console, AMailboxIsFoundByAPartOfItsName) {
+  world.Import("LOCALHOST", R"({"postoffices": [{"Name": "po"}], "mailboxes": [{"Postoffice": "po", "Mailbox": "joe"},
+      {"Postoffice": "po", "Mailbox": "Joanna"}, {"Postoffice": "po", "Mailbox": "sue"}]})");
+  ConsoleDriver c(world.servers());
+  c.Do(R"({"do":"expand","node":"server:LOCALHOST"})");
+  c.Do(R"({"do":"expand","node":"server:LOCALHOST/postoffices"})");
+  c.Do(R"({"do":"select","node":"server:LOCALHOST/postoffice:po"})");
+  EXPECT_EQ(c.at("/view/filter"), "");
+  SelectRows(c, R"("MAILBOX-joe","MAILBOX-sue")");
+  c.Do(R"({"do":"filter","text":"JO"})");
+  EXPECT_EQ(c.Keys(), (Texts{"MAILBOX-joe", "MAILBOX-Joanna"}));
+  EXPECT_EQ(c.at("/view/total"), 2);
+  EXPECT_EQ(c.at("/view/filter"), "JO");
+  EXPECT_EQ(c.Verbs(), "properties,refresh");  // of the two selected rows one is left
+  c.Do(R"({"do":"verb","name":"refresh"})");
+  EXPECT_EQ(c.Keys().size(), 2u);
+  c.Do(R"({"do":"filter","text":"zzz"})");
+  EXPECT_EQ(c.Keys().size(), 0u);
+  c.Refused(R"({"do":"selectItems","keys":["MAILBOX-joe"]})");
+  c.Do(R"({"do":"filter","text":""})");
+  EXPECT_EQ(c.Keys().size(), 3u);
+  c.Do(R"({"do":"select","node":"server:LOCALHOST/filters"})");
+  EXPECT_FALSE(c.state().at("view").as_object().contains("filter"));
+  c.Refused(R"({"do":"filter","text":"a"})");
+}
+
 TEST_F(Console, AnErrorOfTheStoreIsToldAndTheRunGoesOn) {
   ConsoleDriver c(world.servers());
   c.OpenFilters();

@@ -1,4 +1,8 @@
 #include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
 
 #include "hosts/web/access.h"
 #include "hosts/web/front_door.h"
@@ -242,6 +246,25 @@ TEST(WebAssets, GzipIsReadFromTheHeader) {
   EXPECT_FALSE(TakesGzip("gzip;q=0"));
   EXPECT_FALSE(TakesGzip("gzip; q=0.0, *"));
   EXPECT_FALSE(TakesGzip("xgzip"));
+}
+
+TEST(WebAssets, WhatGzipPacksIsUnpacked) {
+  const char* path = std::getenv("TMPDIR");
+  const std::string name = std::string(path ? path : "/tmp") + "/qvadmin-test-" + std::to_string(getpid());
+  unsigned random = 1;
+  for (std::size_t length = 1; length < 40'000; length = length * 5 / 4 + 1) {
+    std::string text;
+    while (text.size() < length) text += "abcdefghijkl mnop{}:;\n"[(random = random * 1103515245 + 12345) >> 16 & 15];
+    std::FILE* file = std::fopen(name.c_str(), "wb");
+    std::fwrite(text.data(), 1, text.size(), file);
+    std::fclose(file);
+    std::FILE* packer = popen(("gzip -9nc " + name).c_str(), "r");
+    std::string packed(text.size() + 100, '\0');
+    packed.resize(std::fread(packed.data(), 1, packed.size(), packer));
+    pclose(packer);
+    EXPECT_EQ(Inflate(packed), text) << length;
+  }
+  std::remove(name.c_str());
 }
 
 TEST(WebAssets, ADamagedFileIsNotHandedOut) {

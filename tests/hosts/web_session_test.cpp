@@ -292,17 +292,19 @@ TEST_F(WebSessions, StoppingSaysGoodbyeToEveryBrowser) {
 }
 
 TEST_F(WebSessions, StoppingInTheMiddleOfAnUpgradeIsHarmless) {
-  for (int i = 0; i < 50; ++i) {
+  for (int i = 0; i < 100; ++i) {
     Start();
     const std::string cookie = LetIn();
     std::vector<std::unique_ptr<WebClient>> clients;
-    for (int k = 0; k < 5; ++k) {
+    for (int k = 0; k < 10; ++k) {
       clients.push_back(std::make_unique<WebClient>(port()));
       clients.back()->Write("GET /console HTTP/1.1\r\nHost: " + clients.back()->host() + "\r\nOrigin: " + Origin() +
                             "\r\nCookie: " + cookie +
                             "\r\nUpgrade: websocket\r\nConnection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"
                             "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n\r\n");
     }
+    // At ever later a moment, so that some stop comes while an upgrade is under way.
+    std::this_thread::sleep_for(std::chrono::microseconds(4 * i));
     server_->Stop();
     clients.clear();
     thread_.join();

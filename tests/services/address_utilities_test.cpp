@@ -61,7 +61,7 @@ TEST_F(IPAddress, IsFourNumbersFrom0To255) {
 TEST_F(IPAddress, ReadsAPartByItsLeadingNumber) {
   // Numeric, with the value of what stands at the front.
   for (const char* part :
-       {"1e2", "1d2", " 7", "7 ", "+7", "7-", "1,000", "$900", "(900)", "&HFF", "&O17", "2555e-1", "2,56"}) {
+       {"1e2", "1d2", " 7", "7 ", "+7", "7-", "1,000", "$900", "(900)", "&HFF", "&O17", "2555e-1", "2559e-1", "2,56"}) {
     EXPECT_TRUE(Plain(std::string("1.") + part + ".3.4")) << part;
   }
   for (const char* part : {"1e3", "256,0", "-7", "- 7", "&H100", "&HFFFF", "256", "300-", "1 2", "7x", "1e"}) {
@@ -131,6 +131,7 @@ TEST_F(IPAddress, IPv6StatusOfTheConnector) {
   EXPECT_FALSE(IsIPv6Enabled(run, "POPC"));
   registry.SetWord("SOFTWARE\\quillvane\\quillvane\\Services\\POP", kStatus, 2);
   EXPECT_FALSE(IsIPv6Enabled(run, "POPS"));
+  registry.SetWord("", kStatus, 1);
   EXPECT_FALSE(IsIPv6Enabled(run, ""));
   EXPECT_FALSE(IsIPv6Enabled(run, "pops"));
 }

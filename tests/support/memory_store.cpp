@@ -9,7 +9,12 @@ namespace qv::test {
 
 namespace {
 
-std::string Arguments(const std::vector<std::string>& arguments) { return "(" + Join(arguments, ",") + ")"; }
+std::string Arguments(const std::vector<std::string>& arguments) {
+  std::string text = "(";
+  text += Join(arguments, ",");
+  text += ")";
+  return text;
+}
 
 bool Fits(const std::string& wanted, const std::string& value) { return wanted.empty() || wanted == value; }
 bool Fits(int wanted, int value) { return wanted == -1 || wanted == value; }

@@ -14,7 +14,9 @@ import { TextWindows } from "./textwindow.ts";
 import { ServerOf, Tree } from "./tree.ts";
 
 const kProduct = "Quillvane Filtering Administration";
+// In milliseconds: when an answer counts as slow, and when what runs may be stopped.
 const kSlow = 300;
+const kLong = 1000;
 
 interface Notice {
   text: string;
@@ -45,6 +47,7 @@ class App {
   private noticeTimer = 0;
   private busyTimer = 0;
   private busy = false;
+  private long = false;
   private resumed = false;
   private menuAt = { x: 0, y: 0 };
   private treeWidth = 260;
@@ -118,6 +121,7 @@ class App {
     const { state } = this.session;
     if (event.key === "F5" && !event.ctrlKey) event.preventDefault();
     if (!state || event.defaultPrevented !== (event.key === "F5") || this.Covered(state)) return;
+    if (event.key.toLowerCase() === "f" && event.ctrlKey && !event.altKey && !event.shiftKey) this.Find(event);
     if (event.key === "F5" && state.verbs.refresh) this.session.Select({ do: "verb", name: "refresh" });
     if (!(event.target as Element).closest(".tree, .rows")) return;
     if (event.key === "Enter" && event.altKey && state.verbs.properties) {
@@ -128,6 +132,15 @@ class App {
     event.preventDefault();
   }
 
+  // Ctrl+F, where the pane can be filtered; elsewhere it is the browser's own.
+  private Find(event: KeyboardEvent): void {
+    const box = this.root.querySelector<HTMLInputElement>(".find input");
+    if (!box || (event.target as Element).closest(".text-windows")) return;
+    event.preventDefault();
+    box.focus();
+    box.select();
+  }
+
   private Covered(state: State): boolean {
     return state.message !== null || state.sheet !== null || state.dialogs.length > 0 || this.connection.link.at !== "open";
   }
@@ -136,9 +149,11 @@ class App {
   private WatchBusy(): void {
     clearTimeout(this.busyTimer);
     const since = this.session.waitingSince;
-    const rest = since === 0 ? -1 : since + kSlow - performance.now();
-    this.busy = since !== 0 && rest <= 0;
-    if (rest > 0) this.busyTimer = setTimeout(() => this.Schedule(), rest + 1);
+    const waited = since === 0 ? -1 : performance.now() - since;
+    this.busy = waited >= kSlow;
+    this.long = waited >= kLong;
+    if (since === 0 || this.long) return;
+    this.busyTimer = setTimeout(() => this.Schedule(), (this.busy ? kLong : kSlow) - waited + 1);
   }
 
   private Draw(): void {
@@ -242,12 +257,23 @@ class App {
     if (message) {
       windows.push({ key: `message/${message.title}/${message.text}`, draw: (extra) => MessageBox(session, message, extra) });
     }
-    const extra = html`${this.busy ? html`<div class="progress"></div>` : nothing}${ended ? nothing : this.NoticeBox()}`;
+    const form = message ? null : (state.dialogs.at(-1) ?? sheet?.form);
+    const stops = this.long && !ended && form?.controls.some((c) => c.kind === "text" && c.code === true);
+    const extra = html`${this.busy ? html`<div class="progress"></div>` : nothing}${stops ? this.StopButton() : nothing}
+    ${ended ? nothing : this.NoticeBox()}`;
     return html`${repeat(
       windows,
       (window) => window.key,
       (window, n) => window.draw(n === windows.length - 1 ? extra : nothing),
     )}`;
+  }
+
+  // Code may run for ever; this ends it. A press leaves the focus where it is, for the button goes with the answer.
+  private StopButton(): TemplateResult {
+    return html`<div class="stop">
+      <span role="status">Working…</span>
+      <button data-stop @mousedown=${(e: Event) => e.preventDefault()} @click=${() => this.session.Stop()}>Stop</button>
+    </div>`;
   }
 
   private NoticeBox(): TemplateResult | typeof nothing {

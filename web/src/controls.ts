@@ -101,7 +101,9 @@ function Text(place: Place, control: TextControl): TemplateResult {
   const id = IdOf(place, control.name);
   const label = place.labels.has(control.name) ? nothing : LabelOf(place, control);
   const back = control.back === "buttonface" ? "face" : "";
-  if (control.code) return CodeBox(place.port, control, id, label, place.lines ?? 16);
+  if (control.code) {
+    return CodeBox({ control, port: place.port, id, label: LabelOf(place, control), lines: place.lines ?? 16 });
+  }
   if (control.multiline) {
     return html`<textarea
       id=${id}

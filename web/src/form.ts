@@ -61,7 +61,7 @@ function FormKey(event: KeyboardEvent, form: Form, port: FormPort, after: () => 
   if (event.key === "Tab" && !event.ctrlKey && !event.altKey) {
     TabTo(Step([...Stops(root, form), ...after()], event.shiftKey), port);
   } else if (event.key === "Enter" && !event.altKey && !event.ctrlKey) {
-    if (target.matches("textarea, button")) return false;
+    if (target.matches("textarea, button, qv-code")) return false;
     const button = Button(form, "default");
     if (!button) return false;
     port.Command({ do: "click", control: button.name });
@@ -83,7 +83,7 @@ function FirstFocus(dialog: HTMLElement, form: Form): void {
 
 // A place in a form that the mouse goes to gets the console's focus as well.
 function PointerFocus(event: PointerEvent, port: FormPort): void {
-  const element = (event.target as HTMLElement).closest<HTMLElement>("input.text, textarea, select");
+  const element = (event.target as HTMLElement).closest<HTMLElement>("input.text, textarea, select, qv-code");
   const control = element?.dataset.control;
   if (control && element !== document.activeElement) port.Edit({ do: "focus", control, tab: false });
 }
@@ -97,6 +97,9 @@ function PortOf(session: Session): FormPort {
       return session.Command(event);
     },
     Pending: (id) => session.Pending(id),
+    Dropped: (id) => session.Dropped(id),
+    Blocked: () => session.Blocked(),
+    Fault: () => session.Fault(),
   };
 }
 
@@ -106,6 +109,11 @@ function Body(session: Session, form: Form, prefix: string): { body: unknown; fo
     body: html`<div class="form" @pointerdown=${(e: PointerEvent) => PointerFocus(e, session)}>${body}</div>`,
     foot,
   };
+}
+
+// The stop button of the window, if it is there.
+function Extra(event: KeyboardEvent): (HTMLElement | null)[] {
+  return [(event.currentTarget as HTMLElement).querySelector<HTMLElement>("[data-stop]")];
 }
 
 export function Dialog(session: Session, form: Form, depth: number, extra: unknown): TemplateResult {
@@ -120,7 +128,7 @@ export function Dialog(session: Session, form: Form, depth: number, extra: unkno
     foot,
     Close: close,
     Key(event) {
-      if (FormKey(event, form, PortOf(session), () => []) || event.key !== "Escape") return;
+      if (FormKey(event, form, PortOf(session), () => Extra(event)) || event.key !== "Escape") return;
       event.preventDefault();
       const cancel = Button(form, "cancel");
       if (cancel) session.Command({ do: "click", control: cancel.name });
@@ -177,12 +185,13 @@ export function SheetWindow(session: Session, sheet: Sheet, extra: unknown): Tem
     Key(event) {
       const root = event.currentTarget as HTMLElement;
       const after = (): (HTMLElement | null)[] => [
+        ...Extra(event),
         ...root.querySelectorAll<HTMLElement>("[data-sheet]"),
         root.querySelector<HTMLElement>("[role=tab][aria-selected=true]"),
       ];
       if (FormKey(event, form, PortOf(session), after)) return;
       if (event.key === "Escape") press("cancel")();
-      else if (event.key === "Enter" && !(event.target as Element).matches("button, textarea")) press("ok")();
+      else if (event.key === "Enter" && !(event.target as Element).matches("button, textarea, qv-code")) press("ok")();
       else return;
       event.preventDefault();
     },

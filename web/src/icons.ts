@@ -31,6 +31,7 @@ const pictures: Record<string, SVGTemplateResult> = {
   up: svg`<path class="l" d="M8 13V3.4M4 7.2l4-4 4 4"/>`,
   down: svg`<path class="l" d="M8 3v9.6M4 8.8l4 4 4-4"/>`,
   twisty: svg`<path class="l" d="m6.2 4.2 3.8 3.8-3.8 3.8"/>`,
+  find: svg`<circle class="l" cx="7" cy="7" r="4.2"/><path class="l" d="m10.2 10.2 3.3 3.3"/>`,
   close: svg`<path class="l" d="m4 4 8 8M12 4l-8 8"/>`,
   ascending: svg`<path class="l" d="m4.5 9.6 3.5-3.4 3.5 3.4"/>`,
   descending: svg`<path class="l" d="m4.5 6.4 3.5 3.4 3.5-3.4"/>`,

@@ -48,6 +48,11 @@ function Field(place: Place, layout: Layout & { kind: "field" }): Drawn {
   const control = Find(form, layout.control);
   const label = Find(form, layout.label);
   if (!control) return nothing;
+  if (control.kind === "label" && control.look === "heading") {
+    return html`<div class="titled">
+      ${label?.kind === "label" && label.visible ? Label(place, label) : nothing}${ControlOf(place, control)}
+    </div>`;
+  }
   const tall = control.kind === "list" || control.kind === "listview" || (control.kind === "text" && control.multiline);
   const hints = (layout.hints ?? []).map((name) => {
     const hint = Find(form, name);

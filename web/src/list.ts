@@ -29,8 +29,10 @@ export interface ListModel {
   enabled: boolean;
   multiple: boolean;
   checkboxes: boolean;
-  // Changes when it is another list, so that scroll place and cursor start afresh.
+  // Changes when it is another list, so that scroll place, cursor and widths start afresh.
   identity: string;
+  // Changes when the list holds other rows than before, so that scroll place and cursor start afresh.
+  filter?: string;
   // `index` counts over all rows; -1 is the empty space.
   OnSelect: (index: number, keys: string[]) => void;
   OnOpen: (index: number) => void;
@@ -67,10 +69,11 @@ export class QvList extends HTMLElement {
 
   set model(model: ListModel) {
     const other = this.data?.identity !== model.identity;
+    const anew = other || this.data?.filter !== model.filter;
     this.data = model;
-    if (other) {
+    if (other) this.widths = [];
+    if (anew) {
       this.cursor = this.anchor = -1;
-      this.widths = [];
       this.away.clear();
       this.top = 0;
     }
@@ -81,7 +84,7 @@ export class QvList extends HTMLElement {
     }
     this.cursor = Math.min(this.cursor, model.total - 1);
     this.Draw();
-    if (other) this.scroller.scrollTop = 0;
+    if (anew) this.scroller.scrollTop = 0;
     if (!model.multiple && chosen >= 0 && document.activeElement !== this.scroller) this.Reveal(this.cursor);
     this.Measure();
   }

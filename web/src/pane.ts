@@ -1,4 +1,5 @@
 import { html, nothing, type TemplateResult } from "lit/html.js";
+import { FilterBox } from "./filter.ts";
 import { Icon } from "./icons.ts";
 import type { ListModel } from "./list.ts";
 import "./list.ts";
@@ -14,6 +15,10 @@ export interface PanePort {
 
 function Same(a: string, b: string): boolean {
   return a.toUpperCase() === b.toUpperCase();
+}
+
+function PaneId(view: View, node: TreeNode): string {
+  return `${node.id}/${view.name}`;
 }
 
 function CellsOf(item: Item, view: View): string[] {
@@ -45,7 +50,8 @@ function Model(view: View, node: TreeNode, { session, PopUp }: PanePort): ListMo
     enabled: true,
     multiple: true,
     checkboxes: false,
-    identity: `${node.id}/${view.name}`,
+    identity: PaneId(view, node),
+    filter: view.filter ?? "",
     OnSelect: (_index, keys) => session.Select({ do: "selectItems", keys }),
     OnOpen: (index) => {
       const item = session.state?.view?.items[index - (session.state.view.offset)];
@@ -99,7 +105,7 @@ function Children(node: TreeNode, session: Session): TemplateResult {
 
 function Count(view: View): string {
   const chosen = view.items.filter((item) => item.selected).length;
-  const all = `${view.total} ${view.total === 1 ? "item" : "items"}`;
+  const all = view.filter ? `${view.total} found` : `${view.total} ${view.total === 1 ? "item" : "items"}`;
   return chosen > 0 ? `${all}, ${chosen} selected` : all;
 }
 
@@ -107,7 +113,8 @@ function Rows(view: View, node: TreeNode, port: PanePort): TemplateResult {
   wanted = view.offset === wanted ? -1 : wanted;
   const list = html`<qv-list class="pane-list" opens .model=${Model(view, node, port)}></qv-list>`;
   if (view.total > 0) return list;
-  return html`${list}<div class="empty over"><p>There are no items in this list.</p></div>`;
+  const why = view.filter ? `Nothing in this list holds “${view.filter}”.` : "There are no items in this list.";
+  return html`${list}<div class="empty over"><p>${why}</p></div>`;
 }
 
 export function Pane(state: State, port: PanePort): TemplateResult {
@@ -121,12 +128,13 @@ export function Pane(state: State, port: PanePort): TemplateResult {
   }
   const { view } = state;
   const server = view?.host ?? "";
-  const listed = view !== null && (view.columns.length > 0 || view.total > 0);
+  const listed = view !== null && (view.columns.length > 0 || view.total > 0 || Boolean(view.filter));
   const where = ServerOf(node.id) && node.id.includes("/") ? server || ServerOf(node.id) : "";
   return html`<section class="pane" aria-labelledby="pane-title">
     <header>
       <h2 id="pane-title">${Icon(node.image)}${node.name}${where ? html` <span class="on">on ${where}</span>` : nothing}</h2>
       <span class="count" role="status">${listed ? Count(view) : ""}</span>
+      ${listed && view.filter !== undefined ? FilterBox(view, PaneId(view, node), session) : nothing}
     </header>
     ${ActionBar(session)} ${listed ? HostNotice(view, node, session) : nothing}
     <div class="content">${listed ? Rows(view, node, port) : Children(node, session)}</div>

@@ -34,6 +34,8 @@ export interface View {
   sort: { column: number; descending: boolean } | null;
   total: number;
   offset: number;
+  // The text that the rows shown hold, where the pane can be filtered.
+  filter?: string;
   items: Item[];
 }
 
@@ -183,7 +185,8 @@ export type ConsoleEvent =
   | { do: "choose"; name: string }
   | { do: "verb"; name: Verb }
   | { do: "sort"; column: number }
-  | { do: "scroll"; offset: number };
+  | { do: "scroll"; offset: number }
+  | { do: "filter"; text: string };
 
 export type FormEvent =
   | { do: "click"; control: string }

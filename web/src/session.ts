@@ -1,4 +1,5 @@
 import { Overlay } from "./overlay.ts";
+import { FaultIn, type Fault } from "./fault.ts";
 import type { Answer, ConsoleEvent, FormEvent, Item, Menu, QvEvent, State, TreeNode } from "./protocol.ts";
 
 interface Entry {
@@ -54,6 +55,8 @@ export class Session {
   // Whose menu the server holds open, if that is still sure.
   private openMenu: Target | null = null;
   private asked: Record<Target, string> = { node: "", items: "" };
+  // What was never sent, because the windows were no longer those it was meant for.
+  private dropped = new Set<number>();
 
   constructor(
     private readonly transmit: (message: object) => boolean,
@@ -65,6 +68,7 @@ export class Session {
     this.state = null;
     this.base = null;
     this.entries = [];
+    this.dropped.clear();
     this.openMenu = null;
     this.popup = null;
     this.target = "node";
@@ -108,6 +112,25 @@ export class Session {
   Pending(id: number): boolean {
     const first = this.entries.find((entry) => !entry.quiet);
     return first !== undefined && id >= first.id;
+  }
+
+  Dropped(id: number): boolean {
+    return this.dropped.delete(id);
+  }
+
+  // Whether a command is under way or a message box stands before the forms.
+  Blocked(): boolean {
+    return (this.base?.message ?? null) !== null || this.entries.some((entry) => entry.command);
+  }
+
+  // The fault that the message box in front tells.
+  Fault(): Fault | null {
+    return FaultIn(this.state?.message ?? null);
+  }
+
+  // Ends the script that runs on the server. Not an event: the answer to what started it comes as usual.
+  Stop(): void {
+    this.transmit({ stop: true });
   }
 
   get idle(): boolean {
@@ -163,7 +186,9 @@ export class Session {
     const waiting = this.entries.some((entry) => entry.sent && entry.command);
     if (waiting) return;
     if (this.entries.some((entry) => !entry.sent && entry.context !== context)) {
-      this.entries = this.entries.filter((entry) => entry.sent || entry.context === context);
+      const stays = (entry: Entry): boolean => entry.sent || entry.context === context;
+      for (const entry of this.entries) if (!stays(entry)) this.dropped.add(entry.id);
+      this.entries = this.entries.filter(stays);
     }
     for (const entry of this.entries) {
       if (entry.sent) continue;
@@ -207,4 +232,8 @@ export interface FormPort {
   Edit(event: FormEvent): number;
   Command(event: FormEvent): number;
   Pending(id: number): boolean;
+  // Whether an event of this number was given up unsent; asked once.
+  Dropped(id: number): boolean;
+  Blocked(): boolean;
+  Fault(): Fault | null;
 }

@@ -11,7 +11,8 @@ interface Range {
   length: number;
 }
 
-function Shown(raw: string, multiline: boolean): string {
+// The text as the browser holds it.
+export function Shown(raw: string, multiline: boolean): string {
   return multiline ? raw.replace(/\r\n?/g, "\n") : raw.replace(/[\r\n]/g, "");
 }
 

@@ -29,7 +29,7 @@ export function Window(parts: WindowParts): TemplateResult {
     ${AsModal((dialog) => parts.Opened(dialog))}
     @cancel=${(e: Event) => e.preventDefault()}
     @keydown=${(e: KeyboardEvent) => {
-      if ((e.target as Element).closest(".text-windows")) return;
+      if (e.defaultPrevented || (e.target as Element).closest(".text-windows")) return;
       parts.Key(e);
     }}
   >
