@@ -28,14 +28,17 @@ ArrayRep* ArrayRep::Create(Context& context, std::span<const std::int64_t> bound
     count *= static_cast<std::uint64_t>(bound + 1);
     if (count > 0x7fffffff / sizeof(Value)) Raise(kOutOfMemory);
   }
+  context.Poll(static_cast<int>(count / 256));
   const std::size_t extra = count * sizeof(Value) + bounds.size() * sizeof(std::uint32_t);
-  auto* array = context.Make<ArrayRep>(extra, static_cast<std::uint32_t>(count), static_cast<std::uint32_t>(bounds.size()));
+  auto* array =
+      context.Make<ArrayRep>(extra, static_cast<std::uint32_t>(count), static_cast<std::uint32_t>(bounds.size()));
   std::transform(bounds.begin(), bounds.end(), array->sizes(),
                  [](std::int64_t bound) { return static_cast<std::uint32_t>(bound + 1); });
   return array;
 }
 
 ArrayRep* ArrayRep::Clone() {
+  context().Poll(static_cast<int>(count_ / 256));
   const std::size_t extra = count_ * sizeof(Value) + dimensions_ * sizeof(std::uint32_t);
   auto* copy = context().Make<ArrayRep>(extra, count_, dimensions_);
   std::copy_n(sizes(), dimensions_, copy->sizes());

@@ -14,10 +14,10 @@ namespace qv::vbscript {
 enum class ExprKind : std::uint8_t {
   kLiteral,
   kName,
-  kMember,   // left.name; without a left side a member of the innermost With
-  kCall,     // left(args): a call or an index
-  kUnary,    // op left
-  kBinary,   // left op right
+  kMember,  // left.name; without a left side a member of the innermost With
+  kCall,    // left(args): a call or an index
+  kUnary,   // op left
+  kBinary,  // left op right
   kNew,
   kMe,
   kMissing,  // an argument left out
@@ -74,13 +74,13 @@ struct ReDimItem {
 struct Stmt {
   StmtKind kind = StmtKind::kCall;
   Place place;
-  Place end_place;             // of the closing Next, Loop or Wend
-  Tok word = Tok::kEnd;        // what is exited
-  bool at_end = false;         // Do: the condition stands at the Loop
+  Place end_place;       // of the closing Next, Loop or Wend
+  Tok word = Tok::kEnd;  // what is exited
+  bool at_end = false;   // Do: the condition stands at the Loop
   bool until = false;
   bool preserve = false;
   Expr* target = nullptr;
-  Expr* value = nullptr;       // the right side, the condition, the subject or the call
+  Expr* value = nullptr;  // the right side, the condition, the subject or the call
   Expr* limit = nullptr;
   Expr* step = nullptr;
   std::vector<Branch> branches;

@@ -12,9 +12,9 @@ std::u16string FoldAscii(std::u16string_view name) {
 
 Atoms::Atoms() {
   for (const char16_t* name :
-       {u"number", u"description", u"source", u"helpfile", u"helpcontext", u"clear", u"raise", u"pattern",
-        u"ignorecase", u"global", u"multiline", u"test", u"replace", u"execute", u"count", u"item", u"value",
-        u"firstindex", u"length", u"submatches"}) {
+       {u"number",  u"description", u"source", u"helpfile",   u"helpcontext", u"clear",     u"raise",
+        u"pattern", u"ignorecase",  u"global", u"multiline",  u"test",        u"replace",   u"execute",
+        u"count",   u"item",        u"value",  u"firstindex", u"length",      u"submatches"}) {
     Intern(name);
   }
 }

@@ -75,26 +75,26 @@ enum class Op : std::uint16_t {
   kUnlessGreater,
   kUnlessLessEqual,
   kUnlessGreaterEqual,
-  kForInit,   // from, limit and step stand from b on; c is the variable; to a if nothing is to do
-  kForNext,   // to a if there is another round
-  kEachInit,  // b and the next hold the collection c and the position
-  kEachNext,  // c = the next item, to a; falls through at the end
-  kWithInit,  // b = the object c
-  kSubject,   // b = the value c that is compared with the cases
-  kIndex,     // a = b(c)
-  kIndexRef,  // a refers to b(c), for the next instruction only
+  kForInit,     // from, limit and step stand from b on; c is the variable; to a if nothing is to do
+  kForNext,     // to a if there is another round
+  kEachInit,    // b and the next hold the collection c and the position
+  kEachNext,    // c = the next item, to a; falls through at the end
+  kWithInit,    // b = the object c
+  kSubject,     // b = the value c that is compared with the cases
+  kIndex,       // a = b(c)
+  kIndexRef,    // a refers to b(c), for the next instruction only
   kAddElement,  // a = b + c(register n)
-  kIndexN,    // a = b(n indexes from c on)
-  kIndexLet,  // a(b) = c; n: Set
-  kIndexLetN,  // a(n indexes from b on) = the value behind them; c: Set
-  kCallName,   // t = a; the name b (global number); c its own slot or none
-  kCallValue,  // t = a holds what is called or indexed
-  kCallOwn,    // t = a; the member b of the object's class
-  kIntrinsic,  // a = the intrinsic c with n arguments from b on
-  kMemberGet,  // t = a holds the object; the member b (atom)
-  kMemberLet,  // the value stands behind the arguments
+  kIndexN,      // a = b(n indexes from c on)
+  kIndexLet,    // a(b) = c; n: Set
+  kIndexLetN,   // a(n indexes from b on) = the value behind them; c: Set
+  kCallName,    // t = a; the name b (global number); c its own slot or none
+  kCallValue,   // t = a holds what is called or indexed
+  kCallOwn,     // t = a; the member b of the object's class
+  kIntrinsic,   // a = the intrinsic c with n arguments from b on
+  kMemberGet,   // t = a holds the object; the member b (atom)
+  kMemberLet,   // the value stands behind the arguments
   kMemberSet,
-  kNew,       // a = a new object of the class b (global number)
+  kNew,  // a = a new object of the class b (global number)
   kNewRegExp,
   kMe,
   kDimArray,  // the array a gets the bounds c
@@ -141,10 +141,10 @@ struct Procedure {
   bool option_explicit = false;
   std::vector<Instr> code;
   std::vector<Value> constants;
-  std::vector<StatementMark> marks;                             // by start
-  std::vector<std::pair<std::uint32_t, std::string>> names;     // the name for messages, by instruction
+  std::vector<StatementMark> marks;                          // by start
+  std::vector<std::pair<std::uint32_t, std::string>> names;  // the name for messages, by instruction
   std::vector<std::vector<std::int64_t>> bounds;
-  std::vector<std::pair<Atom, std::uint32_t>> locals;           // its names and registers, for executed text
+  std::vector<std::pair<Atom, std::uint32_t>> locals;  // its names and registers, for executed text
   std::vector<std::pair<Atom, Value>> local_constants;
   ClassDef* owner = nullptr;
 };
@@ -198,6 +198,7 @@ class Globals {
   const GlobalName* Find(Atom atom) const;
   GlobalName& name(std::uint32_t number) { return names_[number]; }
   Value* values() { return values_; }
+  void DropValues();
 
  private:
   std::unordered_map<Atom, std::uint32_t> numbers_;

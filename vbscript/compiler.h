@@ -84,9 +84,7 @@ class Compiler {
   // Registers, code and marks.
   Operand Temp();
   Operand TempAt(std::uint32_t slot) const { return MakeOperand(Table::kRegister, slot); }
-  bool IsTemp(Operand operand) const {
-    return TableOf(operand) == Table::kRegister && SlotOf(operand) >= first_temp_;
-  }
+  bool IsTemp(Operand operand) const { return TableOf(operand) == Table::kRegister && SlotOf(operand) >= first_temp_; }
   void Dirty(Operand operand);
   Operand Constant(const Value& value);
   std::uint32_t Emit(Op op, std::uint32_t a = 0, std::uint32_t b = 0, std::uint32_t c = 0, std::uint32_t n = 0);

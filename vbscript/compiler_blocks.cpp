@@ -52,8 +52,7 @@ void Compiler::Select(const Stmt& stmt, std::size_t mark) {
       marks[i].push_back(Mark(stmt.place));
       dirty_end_ = next_temp_;
       const Operand right = Evaluate(value);
-      entries[i].push_back(
-          Emit(Op::kJumpEqual, 0, subject, right, Flag(stmt.value, value)));
+      entries[i].push_back(Emit(Op::kJumpEqual, 0, subject, right, Flag(stmt.value, value)));
       if (dirty_end_ > first_temp + 1) Emit(Op::kClear, TempAt(first_temp + 1), 0, 0, dirty_end_ - first_temp - 1);
       next_temp_ = first_temp + 1;
     }
@@ -141,7 +140,6 @@ void Compiler::ForEach(const Stmt& stmt, std::size_t mark) {
   dirty_end_ = next_temp_ = first_temp;
 }
 
-// The condition is worked out at the top, and again at the bottom, which saves a jump in each round.
 void Compiler::While(const Stmt& stmt, std::size_t mark) {
   const std::uint32_t first_temp = next_temp_;
   const std::uint32_t top = Here();

@@ -13,13 +13,26 @@ struct BinaryOp {
 };
 
 constexpr BinaryOp kBinaryOps[] = {
-    {Tok::kPlus, Op::kAdd},        {Tok::kMinus, Op::kSubtract},       {Tok::kStar, Op::kMultiply},
-    {Tok::kSlash, Op::kDivide},    {Tok::kBackslash, Op::kIntDivide},  {Tok::kMod, Op::kModulo},
-    {Tok::kCaret, Op::kPower},     {Tok::kAmpersand, Op::kConcat},     {Tok::kAnd, Op::kAnd},
-    {Tok::kOr, Op::kOr},           {Tok::kXor, Op::kXor},              {Tok::kEqv, Op::kEqv},
-    {Tok::kImp, Op::kImp},         {Tok::kEqual, Op::kEqual},          {Tok::kNotEqual, Op::kNotEqual},
-    {Tok::kLess, Op::kLess},       {Tok::kGreater, Op::kGreater},      {Tok::kLessEqual, Op::kLessEqual},
-    {Tok::kGreaterEqual, Op::kGreaterEqual}, {Tok::kIs, Op::kIs},
+    {Tok::kPlus, Op::kAdd},
+    {Tok::kMinus, Op::kSubtract},
+    {Tok::kStar, Op::kMultiply},
+    {Tok::kSlash, Op::kDivide},
+    {Tok::kBackslash, Op::kIntDivide},
+    {Tok::kMod, Op::kModulo},
+    {Tok::kCaret, Op::kPower},
+    {Tok::kAmpersand, Op::kConcat},
+    {Tok::kAnd, Op::kAnd},
+    {Tok::kOr, Op::kOr},
+    {Tok::kXor, Op::kXor},
+    {Tok::kEqv, Op::kEqv},
+    {Tok::kImp, Op::kImp},
+    {Tok::kEqual, Op::kEqual},
+    {Tok::kNotEqual, Op::kNotEqual},
+    {Tok::kLess, Op::kLess},
+    {Tok::kGreater, Op::kGreater},
+    {Tok::kLessEqual, Op::kLessEqual},
+    {Tok::kGreaterEqual, Op::kGreaterEqual},
+    {Tok::kIs, Op::kIs},
 };
 
 Op OpOf(Tok token) {
@@ -178,7 +191,8 @@ Operand Compiler::Element(const Expr* expr) {
 bool Compiler::AddsElement(Operand into, Operand left, Operand right) {
   if (code_->code.empty()) return false;
   Instr& last = code_->code.back();
-  if (last.a != right || last.op != Op::kIndexRef || TableOf(last.c) != Table::kRegister || SlotOf(last.c) > 0xffff) return false;
+  if (last.a != right || last.op != Op::kIndexRef || TableOf(last.c) != Table::kRegister || SlotOf(last.c) > 0xffff)
+    return false;
   last = {Op::kAddElement, static_cast<std::uint16_t>(SlotOf(last.c)), into, left, last.b};
   return true;
 }

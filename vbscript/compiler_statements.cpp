@@ -156,7 +156,8 @@ void Compiler::AssignName(const Stmt& stmt, bool is_set) {
     plain = called.kind == Name::Kind::kIntrinsic && !library_.function(called.number).gives_object;
   }
   // What gives no object or shared array goes straight into a variable that is no reference.
-  if (plain && name.kind != Name::Kind::kReference && !(name.kind == Name::Kind::kUnknown && name.operand != kNoOperand)) {
+  if (plain && name.kind != Name::Kind::kReference &&
+      !(name.kind == Name::Kind::kUnknown && name.operand != kNoOperand)) {
     Evaluate(value, variable);
     return;
   }
@@ -187,8 +188,7 @@ void Compiler::AssignMember(const Expr* object, Atom member, const std::vector<E
 Operand Compiler::Container(const Expr* expr) {
   if (expr->kind == ExprKind::kName) {
     const Name name = Resolve(expr->name);
-    if (name.kind == Name::Kind::kDirect || name.kind == Name::Kind::kReference ||
-        name.kind == Name::Kind::kUnknown) {
+    if (name.kind == Name::Kind::kDirect || name.kind == Name::Kind::kReference || name.kind == Name::Kind::kUnknown) {
       return TargetVariable(expr);
     }
     if (name.kind == Name::Kind::kConst) return Constant(name.value);

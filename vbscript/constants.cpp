@@ -97,8 +97,8 @@ struct TextConstant {
 };
 
 constexpr TextConstant kTexts[] = {
-    {u"vbCr", u"\r"},      {u"vbLf", u"\n"},        {u"vbCrLf", u"\r\n"},      {u"vbNewLine", u"\r\n"},
-    {u"vbTab", u"\t"},     {u"vbFormFeed", u"\f"},  {u"vbVerticalTab", u"\v"}, {u"vbNullChar", {u"\0", 1}},
+    {u"vbCr", u"\r"},       {u"vbLf", u"\n"},       {u"vbCrLf", u"\r\n"},      {u"vbNewLine", u"\r\n"},
+    {u"vbTab", u"\t"},      {u"vbFormFeed", u"\f"}, {u"vbVerticalTab", u"\v"}, {u"vbNullChar", {u"\0", 1}},
     {u"vbNullString", u""},
 };
 

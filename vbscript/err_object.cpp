@@ -19,9 +19,8 @@ constexpr Mapping kMappings[] = {
     {0x8002000a, 6},   {0x8002000b, 9},   {0x8002000c, 447}, {0x8002000d, 10},  {0x8002000e, 450}, {0x8002000f, 449},
     {0x80020011, 451}, {0x80020012, 11},  {0x80030002, 53},  {0x80030003, 76},  {0x80030004, 67},  {0x80030005, 70},
     {0x80030008, 7},   {0x80030013, 70},  {0x80030020, 70},  {0x80030021, 70},  {0x80030050, 58},  {0x80030070, 61},
-    {0x800300fc, 53},  {0x800300fb, 75},  {0x8003001d, 57},
-    {0x80040154, 429}, {0x800401f3, 429}, {0x800401e3, 429}, {0x800401ea, 432}, {0x800401e4, 432}, {0x800706ba, 462},
-    {0x80080005, 429},
+    {0x800300fc, 53},  {0x800300fb, 75},  {0x8003001d, 57},  {0x80040154, 429}, {0x800401f3, 429}, {0x800401e3, 429},
+    {0x800401ea, 432}, {0x800401e4, 432}, {0x800706ba, 462}, {0x80080005, 429},
 };
 
 std::int32_t NumberOf(std::int32_t given) {
@@ -54,10 +53,10 @@ void ErrObject::RaiseError(Machine& machine, const Value* args, int count) {
   Failure failure;
   failure.number = NumberOf(static_cast<std::int32_t>(wanted));
   failure.takes_name = false;
-  failure.source = given.Has(1) ? ToUtf8(TextArgument(machine, args[1]))
+  failure.source = given.Has(1)            ? ToUtf8(TextArgument(machine, args[1]))
                    : !state.source.empty() ? state.source
                                            : std::string(kRuntimeSource);
-  failure.description = given.Has(2) ? ToUtf8(TextArgument(machine, args[2]))
+  failure.description = given.Has(2)                 ? ToUtf8(TextArgument(machine, args[2]))
                         : !state.description.empty() ? state.description
                                                      : std::string(RuntimeErrorText(failure.number));
   failure.help_file = given.Has(3) ? ToUtf8(TextArgument(machine, args[3])) : state.help_file;

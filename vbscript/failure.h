@@ -15,15 +15,15 @@ struct Failure {
   int number = 0;
   std::string description;  // the bare text, as Err.Description has it
   std::string source;
-  std::string name;         // the offending name that the host's description ends in; may be empty
-  std::string value_name;   // stands in where the instruction has no name
+  std::string name;        // the offending name that the host's description ends in; may be empty
+  std::string value_name;  // stands in where the instruction has no name
   std::string help_file;
   int help_context = 0;
-  std::string text;         // the source line of a compile error
+  std::string text;  // the source line of a compile error
   Place place;
-  bool placed = false;      // place has been filled in
-  bool takes_name = true;   // the machine may add the name that the compiler noted for the instruction
-  bool catchable = true;    // On Error Resume Next may handle it
+  bool placed = false;     // place has been filled in
+  bool takes_name = true;  // the machine may add the name that the compiler noted for the instruction
+  bool catchable = true;   // On Error Resume Next may handle it
 };
 
 constexpr int kInvalidCall = 5;

@@ -95,8 +95,8 @@ Value FilterPieces(Machine& machine, const Args& args) {
 }
 
 constexpr FunctionRow kRows[] = {
-    {u"Array", 0, -1, ArrayOf},      {u"LBound", 1, 2, LBound},       {u"UBound", 1, 2, UBound},
-    {u"Split", 1, 4, SplitText},     {u"Join", 1, 2, JoinPieces},     {u"Filter", 2, 4, FilterPieces},
+    {u"Array", 0, -1, ArrayOf},  {u"LBound", 1, 2, LBound},   {u"UBound", 1, 2, UBound},
+    {u"Split", 1, 4, SplitText}, {u"Join", 1, 2, JoinPieces}, {u"Filter", 2, 4, FilterPieces},
 };
 
 }  // namespace

@@ -126,9 +126,9 @@ Value Hex(Machine& machine, const Args& args) { return Digits(machine, args, 4);
 Value Oct(Machine& machine, const Args& args) { return Digits(machine, args, 3); }
 
 constexpr FunctionRow kRows[] = {
-    {u"LenB", 1, 1, LenB},   {u"LeftB", 2, 2, LeftB}, {u"RightB", 2, 2, RightB}, {u"MidB", 2, 3, MidB},
-    {u"InStrB", 2, 4, InStrB}, {u"Asc", 1, 1, Asc},   {u"AscW", 1, 1, AscW},     {u"AscB", 1, 1, AscB},
-    {u"Chr", 1, 1, Chr},     {u"ChrW", 1, 1, ChrW},   {u"ChrB", 1, 1, ChrB},     {u"Hex", 1, 1, Hex},
+    {u"LenB", 1, 1, LenB},     {u"LeftB", 2, 2, LeftB}, {u"RightB", 2, 2, RightB}, {u"MidB", 2, 3, MidB},
+    {u"InStrB", 2, 4, InStrB}, {u"Asc", 1, 1, Asc},     {u"AscW", 1, 1, AscW},     {u"AscB", 1, 1, AscB},
+    {u"Chr", 1, 1, Chr},       {u"ChrW", 1, 1, ChrW},   {u"ChrB", 1, 1, ChrB},     {u"Hex", 1, 1, Hex},
     {u"Oct", 1, 1, Oct},
 };
 

@@ -36,9 +36,7 @@ Value CSng(Machine& machine, const Args& args) {
   return Value::Single(number);
 }
 
-Value CCur(Machine& machine, const Args& args) {
-  return Value::Currency(ToCurrency(machine, Plain(machine, args[0])));
-}
+Value CCur(Machine& machine, const Args& args) { return Value::Currency(ToCurrency(machine, Plain(machine, args[0]))); }
 
 Value CDate(Machine& machine, const Args& args) { return Value::Date(ToDate(machine, args[0])); }
 Value CStr(Machine& machine, const Args& args) { return ToText(machine, args[0]); }
@@ -134,15 +132,15 @@ Value TypeName(Machine& machine, const Args& args) {
   const Value& value = args[0];
   if (value.IsNothing()) return MakeText(machine, u"Nothing");
   if (value.Is(Type::Object)) return MakeText(machine, value.object()->KindName());
-  static constexpr const char16_t* kNames[] = {u"Empty",  u"Null",   u"Integer", u"Long",   u"Single", u"Double",
+  static constexpr const char16_t* kNames[] = {u"Empty",    u"Null", u"Integer", u"Long",   u"Single", u"Double",
                                                u"Currency", u"Date", u"String",  u"Object", u"Error",  u"Boolean"};
   const int number = TypeNumber(value);
   return MakeText(machine, number == 17 ? u"Byte" : number == 8204 ? u"Variant()" : kNames[number]);
 }
 
 constexpr FunctionRow kRows[] = {
-    {u"CBool", 1, 1, CBool},       {u"CStr", 1, 1, CStr},         {u"IsArray", 1, 1, IsArray},
-    {u"IsDate", 1, 1, IsDate},     {u"IsEmpty", 1, 1, IsEmpty},   {u"IsNull", 1, 1, IsNull},
+    {u"CBool", 1, 1, CBool},         {u"CStr", 1, 1, CStr},         {u"IsArray", 1, 1, IsArray},
+    {u"IsDate", 1, 1, IsDate},       {u"IsEmpty", 1, 1, IsEmpty},   {u"IsNull", 1, 1, IsNull},
     {u"IsNumeric", 1, 1, IsNumeric}, {u"IsObject", 1, 1, IsObject}, {u"VarType", 1, 1, VarType},
     {u"TypeName", 1, 1, TypeName},
 };

@@ -94,15 +94,26 @@ double DateArgument(Machine& machine, const Value& argument) {
 Value DateValue(Machine& machine, const Args& args) { return Value::Date(DayOf(DateArgument(machine, args[0]))); }
 Value TimeValue(Machine& machine, const Args& args) { return Value::Date(TimeOf(DateArgument(machine, args[0]))); }
 
-enum class Interval : unsigned char { kYear, kQuarter, kMonth, kDayOfYear, kDay, kWeekday, kWeek, kHour, kMinute, kSecond };
+enum class Interval : unsigned char {
+  kYear,
+  kQuarter,
+  kMonth,
+  kDayOfYear,
+  kDay,
+  kWeekday,
+  kWeek,
+  kHour,
+  kMinute,
+  kSecond
+};
 
 Interval IntervalOf(Machine& machine, const Value& argument) {
   static constexpr struct {
     const char16_t* name;
     Interval interval;
   } kIntervals[] = {
-      {u"yyyy", Interval::kYear}, {u"q", Interval::kQuarter}, {u"m", Interval::kMonth},  {u"y", Interval::kDayOfYear},
-      {u"d", Interval::kDay},     {u"w", Interval::kWeekday}, {u"ww", Interval::kWeek},  {u"h", Interval::kHour},
+      {u"yyyy", Interval::kYear}, {u"q", Interval::kQuarter}, {u"m", Interval::kMonth}, {u"y", Interval::kDayOfYear},
+      {u"d", Interval::kDay},     {u"w", Interval::kWeekday}, {u"ww", Interval::kWeek}, {u"h", Interval::kHour},
       {u"n", Interval::kMinute},  {u"s", Interval::kSecond},
   };
   const TextArgument name(machine, argument);
@@ -113,9 +124,7 @@ Interval IntervalOf(Machine& machine, const Value& argument) {
 }
 
 // Seconds since 1899-12-30, whole.
-double SecondsOf(double date) {
-  return DayOf(date) * 86400 + std::floor(TimeOf(date) * 86400 + 0.5);
-}
+double SecondsOf(double date) { return DayOf(date) * 86400 + std::floor(TimeOf(date) * 86400 + 0.5); }
 
 double DateOfSeconds(double seconds) {
   const double days = std::floor(seconds / 86400);

@@ -74,8 +74,12 @@ constexpr FunctionRow kRows[] = {
 
 // What these give may be an object, or they run code.
 constexpr FunctionRow kObjectRows[] = {
-    {u"Execute", 1, 1, Execute},   {u"ExecuteGlobal", 1, 1, ExecuteGlobal}, {u"Eval", 1, 1, Eval},
-    {u"GetRef", 1, 1, GetRef},     {u"Err", 0, 0, Err},                     {u"CreateObject", 1, 2, CreateObject},
+    {u"Execute", 1, 1, Execute},
+    {u"ExecuteGlobal", 1, 1, ExecuteGlobal},
+    {u"Eval", 1, 1, Eval},
+    {u"GetRef", 1, 1, GetRef},
+    {u"Err", 0, 0, Err},
+    {u"CreateObject", 1, 2, CreateObject},
     {u"GetObject", 0, 2, GetObject},
 };
 

@@ -18,9 +18,8 @@ Value Abs(Machine& machine, const Args& args) {
   const Value value = Plain(machine, args[0]);
   if (value.Is(Type::Null)) return value;
   const Value number = ToNumber(machine, value);
-  const bool negative = number.Is(Type::Double) || number.Is(Type::Single) || number.Is(Type::Date)
-                            ? number.d() < 0
-                            : number.n() < 0;
+  const bool negative =
+      number.Is(Type::Double) || number.Is(Type::Single) || number.Is(Type::Date) ? number.d() < 0 : number.n() < 0;
   return negative ? Negate(machine, number) : number;
 }
 
@@ -60,9 +59,8 @@ Value Round(Machine& machine, const Args& args) {
   const double exact = ToDouble(machine, number);
   const double scaled = exact * scale;
   // Far from the point there is nothing to round.
-  const double rounded = std::isfinite(scaled) && std::fabs(scaled) < 4503599627370496.0
-                             ? std::nearbyint(scaled) / scale
-                             : exact;
+  const double rounded =
+      std::isfinite(scaled) && std::fabs(scaled) < 4503599627370496.0 ? std::nearbyint(scaled) / scale : exact;
   if (number.Is(Type::Currency)) return Value::Currency(CurrencyOf(rounded));
   if (number.Is(Type::Single)) return Value::Single(rounded);
   return Value::Of(number.type(), rounded);
@@ -111,9 +109,9 @@ Value Rgb(Machine& machine, const Args& args) {
 }
 
 constexpr FunctionRow kRows[] = {
-    {u"Abs", 1, 1, Abs},     {u"Sgn", 1, 1, Sgn},     {u"Int", 1, 1, Whole<Floor>}, {u"Fix", 1, 1, Whole<Truncate>},
-    {u"Round", 1, 2, Round}, {u"Sqr", 1, 1, Sqr},     {u"Exp", 1, 1, Exp},          {u"Log", 1, 1, Log},
-    {u"Sin", 1, 1, Sin},     {u"Cos", 1, 1, Cos},     {u"Tan", 1, 1, Tan},          {u"Atn", 1, 1, Atn},
+    {u"Abs", 1, 1, Abs},     {u"Sgn", 1, 1, Sgn}, {u"Int", 1, 1, Whole<Floor>}, {u"Fix", 1, 1, Whole<Truncate>},
+    {u"Round", 1, 2, Round}, {u"Sqr", 1, 1, Sqr}, {u"Exp", 1, 1, Exp},          {u"Log", 1, 1, Log},
+    {u"Sin", 1, 1, Sin},     {u"Cos", 1, 1, Cos}, {u"Tan", 1, 1, Tan},          {u"Atn", 1, 1, Atn},
     {u"Rnd", 0, 1, Rnd},     {u"RGB", 3, 3, Rgb},
 };
 

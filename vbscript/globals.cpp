@@ -11,8 +11,12 @@ Globals::Globals() : values_(static_cast<Value*>(std::calloc(kMost, sizeof(Value
 }
 
 Globals::~Globals() {
-  for (std::size_t i = 0; i < names_.size(); ++i) values_[i].Clear();
+  DropValues();
   std::free(values_);
+}
+
+void Globals::DropValues() {
+  for (std::size_t i = 0; i < names_.size(); ++i) values_[i].Clear();
 }
 
 std::uint32_t Globals::Spare(Atom atom) {

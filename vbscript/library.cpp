@@ -6,9 +6,7 @@ namespace qv::vbscript {
 
 Library::Library(Atoms& atoms) : atoms_(atoms) {}
 
-void Library::AddConstant(std::u16string_view name, Value value) {
-  constants_[atoms_.Intern(name)] = std::move(value);
-}
+void Library::AddConstant(std::u16string_view name, Value value) { constants_[atoms_.Intern(name)] = std::move(value); }
 
 void Library::AddFunction(std::u16string_view name, Intrinsic function) {
   numbers_[atoms_.Intern(name)] = static_cast<int>(functions_.size());

@@ -32,10 +32,10 @@ struct Intrinsic {
   int fewest = 0;
   int most = 0;
   Value (*plain)(Machine&, const Args&) = nullptr;
-  IntrinsicFunction host;        // of a function that the host supplies
-  bool gives_object = false;     // the result may be an object
-  bool no_statement = false;     // calling it as a statement is 458
-  bool statement_only = false;   // using its result is 13
+  IntrinsicFunction host;       // of a function that the host supplies
+  bool gives_object = false;    // the result may be an object
+  bool no_statement = false;    // calling it as a statement is 458
+  bool statement_only = false;  // using its result is 13
 };
 
 // The names outside of all scripts: intrinsic functions, constants, and what the host adds.

@@ -37,13 +37,14 @@ Machine::Machine(const EngineOptions& options)
 }
 
 Machine::~Machine() {
+  // Objects go before the classes that they are of.
   DropEverything();
+  globals_.DropValues();
+  script_object_.Clear();
   std::free(stack_);
 }
 
-Value* Machine::StackTop() {
-  return depth_ == 0 ? stack_ : frame().registers + frame().procedure->registers;
-}
+Value* Machine::StackTop() { return depth_ == 0 ? stack_ : frame().registers + frame().procedure->registers; }
 
 void Machine::FailToEnter(const Procedure& procedure, int number) { RaiseNamed(number, procedure.spelling); }
 

@@ -94,6 +94,7 @@ class Machine final : public Context {
   bool CallNative(Value* t, Object& object, Atom member, Access access, std::uint32_t n);
   void CallIntrinsic(Value& into, Value* args, std::uint32_t number, std::uint32_t n);
   Value Binary(Op op, const Value& left, const Value& right, unsigned literals);
+  Value AddIndexed(const Value& left, const Value& container, const Value& index);
   bool Compared(Comparison kind, const Value& left, const Value& right, unsigned literals);
   void Let(Value& target, const Value& value);
   void Set(Value& target, const Value& value);

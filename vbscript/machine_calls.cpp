@@ -250,8 +250,7 @@ void Machine::CallIntrinsic(Value& into, Value* args, std::uint32_t number, std:
   const Intrinsic& function = library_.function(number);
   const int count = static_cast<int>(n);
   if (count < function.fewest || (function.most >= 0 && count > function.most)) Raise(kArgumentCount);
-  Value result =
-      function.plain ? function.plain(*this, Args(args, count)) : function.host(*this, Args(args, count));
+  Value result = function.plain ? function.plain(*this, Args(args, count)) : function.host(*this, Args(args, count));
   for (std::uint32_t k = 0; k < n; ++k) args[k].Clear();
   into = std::move(result);
 }

@@ -143,7 +143,8 @@ void Machine::Loop(std::size_t base) {
       &&kReturn,
   };
 
-// Each instruction jumps to the next one's code by itself, so that the processor can tell the jumps apart.
+// Each instruction jumps to the next one's code by itself, so that the processor can tell the jumps apart. No variable
+// with a destructor may be in scope there: it would not run.
 #define QV_CASE(name) \
   name:
 #define QV_DISPATCH() goto* kLabels[static_cast<std::size_t>(i->op)]
@@ -465,9 +466,7 @@ void Machine::Loop(std::size_t base) {
       }
     }
     QV_SAVE;
-    Value element;
-    Index(element, container.Deref(), &index, 1);
-    at(i->a) = Binary(Op::kAdd, left, element, 0);
+    at(i->a) = AddIndexed(left, container.Deref(), index);
     QV_NEXT;
   }
   QV_CASE(kIndexN)

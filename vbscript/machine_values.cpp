@@ -57,6 +57,12 @@ Value Machine::Binary(Op op, const Value& left_operand, const Value& right_opera
   }
 }
 
+Value Machine::AddIndexed(const Value& left, const Value& container, const Value& index) {
+  Value element;
+  Index(element, container, &index, 1);
+  return Binary(Op::kAdd, left, element, 0);
+}
+
 bool Machine::Compared(Comparison kind, const Value& left, const Value& right, unsigned literals) {
   if (!left.Is(Type::Object) && !right.Is(Type::Object)) return Holds(*this, kind, left, right, literals);
   const Value left_copy = left;

@@ -7,9 +7,7 @@
 namespace qv::vbscript {
 
 Parser::Parser(Context& context, Atoms& atoms, Program& program, ParserOptions options)
-    : program_(program),
-      options_(std::move(options)),
-      lexer_(context, atoms, program.text, options_.bracketed_names) {}
+    : program_(program), options_(std::move(options)), lexer_(context, atoms, program.text, options_.bracketed_names) {}
 
 void Parser::ParseText() {
   Advance();

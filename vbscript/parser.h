@@ -117,8 +117,9 @@ class Parser {
   Place last_end_;               // behind the token before the current one
   bool first_statement_ = true;  // of the whole text
   int depth_ = 0;
-  bool bare_call_ = false;       // the last statement was a call without arguments
-  int else_line_ = 0;            // the line of the last Else or ElseIf of a block
+  bool bare_call_ = false;  // the last statement was a call without arguments
+  bool is_callee_ = false;  // the next chain starts a statement
+  int else_line_ = 0;       // the line of the last Else or ElseIf of a block
   std::vector<OpenBlock> open_;
   ProcDecl* procedure_ = nullptr;
   ClassDecl* class_ = nullptr;

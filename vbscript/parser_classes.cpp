@@ -73,11 +73,9 @@ void Parser::AddMember(ClassDecl& owner, ProcDecl* made, Place place) {
   const auto is_property = [](const ProcDecl& proc) {
     return proc.kind == ProcKind::kGet || proc.kind == ProcKind::kLet || proc.kind == ProcKind::kSet;
   };
-  const bool clashes =
-      std::any_of(owner.members.begin(), owner.members.end(), [&](const ProcDecl* other) {
-        return other->name == made->name &&
-               (other->kind == made->kind || !is_property(*other) || !is_property(*made));
-      });
+  const bool clashes = std::any_of(owner.members.begin(), owner.members.end(), [&](const ProcDecl* other) {
+    return other->name == made->name && (other->kind == made->kind || !is_property(*other) || !is_property(*made));
+  });
   if (clashes) Fail(1041, made->place);
   const bool is_first = std::none_of(owner.members.begin(), owner.members.end(),
                                      [&](const ProcDecl* other) { return other->name == made->name; });
@@ -97,9 +95,7 @@ void Parser::CheckProperty(const ClassDecl& owner, const ProcDecl& made) const {
   }
   const bool assigns = made.kind == ProcKind::kLet || made.kind == ProcKind::kSet;
   if (assigns && made.params.empty()) Fail(1054);
-  const auto values = [](const ProcDecl& proc) {
-    return proc.params.size() + (proc.kind == ProcKind::kGet ? 1 : 0);
-  };
+  const auto values = [](const ProcDecl& proc) { return proc.params.size() + (proc.kind == ProcKind::kGet ? 1 : 0); };
   for (const ProcDecl* other : owner.members) {
     if (other != &made && other->name == made.name && values(*other) != values(made)) Fail(1051);
   }

@@ -67,8 +67,7 @@ void Parser::Declaration() {
   if (At(Tok::kSub) || At(Tok::kFunction)) return ProcedureDeclaration(is_public, is_default, start);
   if (class_ && AtNameOf(u"property")) return PropertyDeclaration(is_public, is_default);
   if (At(Tok::kConst)) return ConstStatement();
-  if (AtNameOf(u"property") &&
-      (Ahead().kind == Tok::kGet || Ahead().kind == Tok::kLet || Ahead().kind == Tok::kSet)) {
+  if (AtNameOf(u"property") && (Ahead().kind == Tok::kGet || Ahead().kind == Tok::kLet || Ahead().kind == Tok::kSet)) {
     Advance();
     Fail(1048);
   }

@@ -154,10 +154,15 @@ Expr* Parser::Primary() {
 
 // Members, calls and indexes behind `start`; without a start, a member of the innermost With comes first.
 Expr* Parser::Postfix(Expr* start) {
+  const bool is_callee = is_callee_;
+  is_callee_ = false;
   Expr* expr = start;
   for (int links = 0;; ++links) {
     if (links > kLongestChain) Fail(1001);
     if (At(Tok::kDot)) {
+      // Within With, `callee .member` is a call whose first argument is that member.
+      const bool apart = token_.place.line == last_end_.line && token_.place.column > last_end_.column;
+      if (is_callee && apart && expr && expr->kind != ExprKind::kCall && Inside(Block::kWith)) return expr;
       const Place place = expr ? expr->place : token_.place;
       Advance();
       const Token name = ExpectName();

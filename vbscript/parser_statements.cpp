@@ -71,11 +71,9 @@ void Parser::Statement(std::vector<Stmt*>& body, bool one_line) {
       }
       if (AtNameOf(u"default") && (IsWord(Ahead().kind) || Ahead().kind == Tok::kName)) return Declaration();
       return ExpressionStatement(body, one_line);
-    case Tok::kLess: {
-      Advance();
+    case Tok::kLess:
       // The mark that hides a script from old browsers has no meaning here.
-      Fail(1002, {token_.place.line, token_.place.column - 1});
-    }
+      Fail(1002);
     default:
       return WordStatement(body);
   }
@@ -127,6 +125,7 @@ bool Parser::AtCallEnd(bool one_line) {
 // An assignment or a call. Behind the callee, `(a)` may be its arguments or the start of the first one.
 void Parser::ExpressionStatement(std::vector<Stmt*>& body, bool one_line) {
   const Place place = token_.place;
+  is_callee_ = true;
   Expr* target = Primary();
   if (At(Tok::kEqual)) {
     if (target->kind == ExprKind::kMe) Fail(1037);

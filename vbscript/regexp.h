@@ -36,19 +36,19 @@ class RegExp {
   friend class RegExpMatcher;
 
   enum class Op : std::uint8_t {
-    kChar,        // a is the character, upper case if case is ignored
+    kChar,  // a is the character, upper case if case is ignored
     kAny,
-    kSet,         // a is the set's number
+    kSet,  // a is the set's number
     kLineStart,
     kLineEnd,
     kWordEdge,
     kNoWordEdge,
-    kSave,        // a is the number of the end of a span
+    kSave,         // a is the number of the end of a span
     kClearGroups,  // the spans from a on, before b
     kBackReference,
     kJump,
-    kSplit,       // tries a, then b
-    kLook,        // what follows must match here; then on at a. b: it must not
+    kSplit,  // tries a, then b
+    kLook,   // what follows must match here; then on at a. b: it must not
     kLookEnd,
     kRepeat,      // a single character's test follows; min, max; lazy
     kCountStart,  // counter a

@@ -62,9 +62,7 @@ class RegExpCompiler {
   }
 
   bool AtEnd() const { return at_ >= pattern_.size(); }
-  char16_t Peek(std::size_t ahead = 0) const {
-    return at_ + ahead < pattern_.size() ? pattern_[at_ + ahead] : u'\0';
-  }
+  char16_t Peek(std::size_t ahead = 0) const { return at_ + ahead < pattern_.size() ? pattern_[at_ + ahead] : u'\0'; }
   bool Has(char16_t c) const { return !AtEnd() && pattern_[at_] == c; }
   std::uint32_t Here() const { return static_cast<std::uint32_t>(made_.code_.size()); }
 
@@ -237,9 +235,7 @@ class RegExpCompiler {
     }
   }
 
-  void Character(char16_t c) {
-    Emit({Op::kChar, false, made_.flags_.ignore_case ? UpperCase(c) : c, 0, 0, 0});
-  }
+  void Character(char16_t c) { Emit({Op::kChar, false, made_.flags_.ignore_case ? UpperCase(c) : c, 0, 0, 0}); }
 
   bool Group() {
     ++at_;
@@ -366,7 +362,8 @@ class RegExpCompiler {
     }
     if (c < u'0' || c > u'7') return c;
     int code = c - u'0';
-    for (int i = 0; i < 2 && Peek() >= u'0' && Peek() <= u'7' && code < 32; ++i) code = code * 8 + (pattern_[at_++] - u'0');
+    for (int i = 0; i < 2 && Peek() >= u'0' && Peek() <= u'7' && code < 32; ++i)
+      code = code * 8 + (pattern_[at_++] - u'0');
     return static_cast<char16_t>(code);
   }
 

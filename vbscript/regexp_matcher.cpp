@@ -168,7 +168,8 @@ class RegExpMatcher {
     const std::size_t length = span.end - span.start;
     if (length > text_.size() - position) return false;
     context_.Poll(static_cast<int>(length / 16) + 1);
-    if (Compare(text_.substr(span.start, length), text_.substr(position, length), expression_.flags_.ignore_case) != 0) {
+    if (Compare(text_.substr(span.start, length), text_.substr(position, length), expression_.flags_.ignore_case) !=
+        0) {
       return false;
     }
     position += static_cast<std::uint32_t>(length);
@@ -285,7 +286,8 @@ class RegExpMatcher {
 };
 
 bool RegExp::Set::Has(char16_t c) const {
-  return std::any_of(ranges.begin(), ranges.end(), [c](const auto& range) { return c >= range.first && c <= range.second; });
+  return std::any_of(ranges.begin(), ranges.end(),
+                     [c](const auto& range) { return c >= range.first && c <= range.second; });
 }
 
 bool RegExp::Fits(const Instr& test, char16_t c) const {

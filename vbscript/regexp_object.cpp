@@ -111,7 +111,8 @@ Value RegExpObject::Test(Machine& machine, const Value& text) {
 Value RegExpObject::Replace(Machine& machine, const Value& text, const Value& with) {
   const TextArgument subject(machine, text);
   const Value plain = Plain(machine, with);
-  const TextArgument replacement(machine, plain.Is(Type::Boolean) ? Value::Integer(static_cast<int>(plain.n())) : plain);
+  const TextArgument replacement(machine,
+                                 plain.Is(Type::Boolean) ? Value::Integer(static_cast<int>(plain.n())) : plain);
   const RegExp& expression = Compiled();
   TextBuilder out(machine);
   std::vector<RegExp::Span> spans;

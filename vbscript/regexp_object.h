@@ -32,7 +32,8 @@ class RegExpObject final : public Object {
 // The matches of one Execute, and the parts of one match: an array of values that are read by number.
 class ListObject final : public Object {
  public:
-  ListObject(Context& context, const char16_t* kind, Value items) : Object(context), kind_(kind), items_(std::move(items)) {}
+  ListObject(Context& context, const char16_t* kind, Value items)
+      : Object(context), kind_(kind), items_(std::move(items)) {}
   std::u16string KindName() const override { return kind_; }
   Value Invoke(Machine& machine, Atom member, Access access, const Value* args, int count) override;
   bool IsCollection() const override { return true; }

@@ -11,6 +11,7 @@ namespace {
 
 StringRep* MakeRep(Context& context, std::size_t used, std::size_t capacity) {
   if (used > context.string_limit()) Raise(kOutOfStringSpace);
+  context.Poll(static_cast<int>(used / 4096));
   capacity = std::min((capacity + 15) & ~std::size_t{15}, std::size_t{0xfffffff0});
   auto* rep = ::new (context.Allocate(sizeof(StringRep) + capacity, kOutOfStringSpace)) StringRep;
   rep->context = &context;
@@ -52,7 +53,7 @@ std::size_t SearchRarest(Context& context, std::u16string_view text, std::u16str
   const auto* needle = reinterpret_cast<const char*>(find.data());
   const std::size_t length = find.size() * 2;
   std::size_t rarest = 0;
-  for (std::size_t i = 1; i < length; ++i) {
+  for (std::size_t i = 1; i < std::min<std::size_t>(length, 64); ++i) {
     if (Commonness(static_cast<unsigned char>(needle[i])) < Commonness(static_cast<unsigned char>(needle[rarest]))) {
       rarest = i;
     }
@@ -243,6 +244,7 @@ std::size_t Search(Context& context, std::u16string_view text, std::u16string_vi
                    bool ignore_case) {
   if (find.empty()) return from <= text.size() ? from : std::u16string_view::npos;
   if (find.size() > text.size()) return std::u16string_view::npos;
+  context.Poll(static_cast<int>(text.size() / 2048));
   const std::size_t end = text.size() - find.size() + 1;
   std::size_t i = from;
   if (ignore_case) {

@@ -121,10 +121,10 @@ inline bool IsWord(Tok kind) { return kind >= Tok::kAnd; }
 struct Token {
   Tok kind = Tok::kEnd;
   Place place;
-  Place end;                    // just behind it
-  std::u16string_view text;     // as written, without the brackets of a bracketed name
-  Atom atom = kNoAtom;          // of a name or a reserved word
-  Value value;                  // of a literal
+  Place end;                 // just behind it
+  std::u16string_view text;  // as written, without the brackets of a bracketed name
+  Atom atom = kNoAtom;       // of a name or a reserved word
+  Value value;               // of a literal
 };
 
 }  // namespace qv::vbscript

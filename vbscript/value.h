@@ -22,8 +22,8 @@ enum class Type : std::uint8_t {
   Date,
   Boolean,
   Byte,
-  Missing,    // an argument that was left out
-  Ref,        // stands for another variable that outlives it
+  Missing,  // an argument that was left out
+  Ref,      // stands for another variable that outlives it
   String,
   Object,
   Array,
@@ -129,8 +129,9 @@ class Value {
   StringRep* string() const noexcept { return payload_.string; }
   std::uint32_t bytes() const noexcept { return static_cast<std::uint32_t>(head_ >> 32); }
   std::u16string_view text() const noexcept {
-    return payload_.string ? std::u16string_view(reinterpret_cast<const char16_t*>(payload_.string->bytes()), bytes() / 2)
-                           : std::u16string_view();
+    return payload_.string
+               ? std::u16string_view(reinterpret_cast<const char16_t*>(payload_.string->bytes()), bytes() / 2)
+               : std::u16string_view();
   }
   std::string_view byte_text() const noexcept {
     return payload_.string ? std::string_view(payload_.string->bytes(), bytes()) : std::string_view();

@@ -1,6 +1,7 @@
 #include <malloc.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <ostream>
 
@@ -9,8 +10,15 @@
 #include "store/servers.h"
 
 namespace qv {
+namespace {
 
-int RunWeb(Servers& servers, const WebOptions& options, std::ostream& out) {
+constexpr std::size_t kPages = 300;
+
+}  // namespace
+
+int RunWeb(Servers& servers, WebOptions options, std::ostream& out) {
+  // Pages are fetched beside the sessions.
+  options.max_connections = std::max(options.max_connections, options.max_sessions + kPages);
   // A reader of the output that goes away must not take the sessions along.
   std::signal(SIGPIPE, SIG_IGN);
   // Sessions mostly wait: a heap for each core would only scatter what they keep.

@@ -54,6 +54,6 @@ class WebServer {
 };
 
 // Serves the servers' console until SIGINT or SIGTERM and returns the exit status. Raises RuntimeError as WebServer.
-int RunWeb(Servers& servers, const WebOptions& options, std::ostream& out);
+int RunWeb(Servers& servers, WebOptions options, std::ostream& out);
 
 }  // namespace qv

@@ -41,6 +41,7 @@ const mailboxes = {
   sort: null,
   total: 3,
   offset: 0,
+  filter: "",
   items: ["anna", "bert", "cecil"].map((n) => ({ key: `MAILBOX-${n}`, tag: "", text: n, icon: "105", cells: [n], selected: n === "anna" })),
 };
 
@@ -64,8 +65,71 @@ const screens = {
   warning: s.State({ dialogs: [s.NameForm()], message: s.Message("A maximum of 100 filters can be created.") }),
 };
 
+const titled = {
+  name: "frmAction",
+  caption: "Notify Address",
+  height: 0,
+  size: "medium",
+  controls: [
+    s.Label("lblH1", "Action:"),
+    s.Label("lblDescription", "Send a notification to an address", { look: "heading" }),
+    s.Label("Label2", "&Address:"),
+    s.Text("txtAddress", "postmaster@example.com"),
+    s.Option("optAny", "Any of these", true),
+    s.Option("optAll", "All of these", false),
+    s.Button("cmdEdit", "Edit..."),
+    s.ListView("lvwRows", [{ key: "a", caption: "Name", width: 3000 }], [{ key: "1", text: "One", cells: [], checked: false }]),
+    s.Button("cmdOK", "OK", { default: true }),
+    s.Button("cmdCancel", "&Cancel", { cancel: true }),
+  ],
+  layout: {
+    kind: "column",
+    items: [
+      { kind: "field", label: "lblH1", control: "lblDescription" },
+      { kind: "field", label: "Label2", control: "txtAddress" },
+      { kind: "row", items: ["optAny", "optAll", "cmdEdit"].map((control) => ({ kind: "control", control })) },
+      { kind: "control", control: "lvwRows", lines: 3 },
+      { kind: "buttons", items: ["cmdOK", "cmdCancel"] },
+    ],
+  },
+};
+
 // Screens that take a deed to get to.
 const deeds = {
+  script: [s.State({ dialogs: [s.ManageForm(), s.ScriptForm()] }), (page) => page.locator(".cm-content").click()],
+  fault: [
+    s.State({ dialogs: [s.ScriptForm()] }),
+    async (page, console_) => {
+      const text = "Line: 3, Column: 21. Description: Expected ')'.\r\nError Number: 1006.";
+      console_.react = (event, state) => {
+        state.message = event.do === "click" ? s.Message(text, { title: "Script Compilation Error", icon: "critical" }) : null;
+      };
+      await page.locator("[data-control=cmdCheck]").click();
+      await page.getByRole("button", { name: "OK" }).click();
+      await page.locator("#message").waitFor({ state: "detached" });
+      await page.keyboard.press("Control+f");
+      await page.keyboard.type("met");
+    },
+  ],
+  stop: [
+    s.State({ dialogs: [s.ScriptForm()] }),
+    async (page, console_) => {
+      await page.locator(".cm-content").waitFor();
+      console_.react = () => null;
+      await page.locator("[data-control=cmdCheck]").click();
+      await page.getByRole("button", { name: "Stop" }).waitFor();
+    },
+  ],
+  titled: [
+    s.State({ dialogs: [titled] }),
+    async (page) => {
+      for (let n = 0; n < 3; n++) await page.keyboard.press("Tab");
+    },
+  ],
+  find: [
+    s.State({ tree: s.Tree("server:LOCALHOST/postoffice:north"), view: { ...mailboxes, filter: "zz", items: [], total: 0 } }),
+    (page) => page.keyboard.press("Control+f"),
+  ],
   menu: [selectedRow(), (page) => page.locator(".row.selected").click({ button: "right" })],
   ended: [s.State(), (_page, console_) => console_.socket.close()],
   "text window": [

@@ -143,21 +143,77 @@ test("a word file is edited in a text window", async (t) => {
   await Until(async () => (await mine.inputValue()) === `baccarat\n${before}`);
 });
 
-test("a token goes into the script where the caret stands", async (t) => {
-  const { page } = await OpenServer(t);
+async function OpenScript(page) {
   await Node(page, "LOCALHOST").locator(".twisty").click();
   await Node(page, "Filters").click();
   await page.locator(".pane-list .row").first().dblclick();
   await page.getByRole("radio", { name: "Use a criteria script" }).click();
   await page.getByRole("button", { name: "Edit script..." }).click();
-  const script = page.locator("#dialog-1 textarea");
-  await script.click();
+  const code = page.locator("#dialog-1 .cm-content");
+  await code.click();
   await page.keyboard.press("Control+a");
+  return { code, lines: async () => (await code.locator(".cm-line").allTextContents()).join("|") };
+}
+
+test("a token goes into the script where the caret stands", async (t) => {
+  const { page } = await OpenServer(t);
+  const { lines } = await OpenScript(page);
   await page.keyboard.type("abcd");
   await page.keyboard.press("ArrowLeft");
   await page.keyboard.press("ArrowLeft");
   await page.getByRole("option", { name: "[QV_SUBJECT]" }).dblclick();
-  await Until(async () => (await script.inputValue()) === 'ab\nCriteriaMet([QV_SUBJECT],"Value")\nbcd');
+  await Until(async () => (await lines()) === 'ab|CriteriaMet([QV_SUBJECT],"Value")|bcd');
   await page.keyboard.press("Escape");
   await page.locator("#dialog-1").waitFor({ state: "detached" });
+});
+
+test("a script that does not compile is marked, mended and kept", async (t) => {
+  const { page } = await OpenServer(t);
+  const { code, lines } = await OpenScript(page);
+  await page.keyboard.insertText("Dim a\nFilterResult = (1\n");
+  await page.getByRole("button", { name: "Check" }).click();
+  const box = page.getByRole("alertdialog", { name: "Script Compilation Error" });
+  await box.getByText("Line: 2, Column: 17. Description: Expected ')'.").waitFor();
+  await box.getByRole("button", { name: "OK" }).click();
+  await box.waitFor({ state: "detached" });
+  assert.equal(await code.locator(".qv-fault").textContent(), "FilterResult = (1");
+  await page.keyboard.type(")");
+  assert.equal(await lines(), "Dim a|FilterResult = (1)|");
+  assert.equal(await code.locator(".qv-fault").count(), 0);
+  await page.locator("[data-control=cmdExit]").click();
+  await page.locator("#dialog-1").waitFor({ state: "detached" });
+  await page.getByRole("button", { name: "Edit script..." }).click();
+  await code.waitFor();
+  assert.equal(await lines(), "Dim a|FilterResult = (1)|");
+});
+
+test("a script that runs for ever is stopped", async (t) => {
+  const { page } = await OpenServer(t);
+  const { code } = await OpenScript(page);
+  await page.keyboard.insertText("Do\nLoop\n");
+  await page.getByRole("button", { name: "Check" }).click();
+  await page.getByRole("button", { name: "Stop" }).click();
+  await page.locator("dialog#message").waitFor();
+  await page.locator("#message").getByRole("button", { name: "OK" }).click();
+  await page.locator("#message").waitFor({ state: "detached" });
+  assert.equal(await code.locator(".cm-line").first().textContent(), "Do");
+});
+
+test("the mailboxes of a postoffice are filtered", async (t) => {
+  const { page } = await OpenServer(t);
+  await Node(page, "LOCALHOST").locator(".twisty").click();
+  await Node(page, "Postoffices").locator(".twisty").click();
+  await page.locator(".node:has(.i-104)").first().click();
+  const rows = page.locator(".pane-list .row .words");
+  await rows.first().waitFor();
+  const all = await rows.allTextContents();
+  const wanted = all.at(-1).slice(1, 4);
+  const found = all.filter((name) => name.toUpperCase().includes(wanted.toUpperCase()));
+  assert.ok(found.length < all.length);
+  await page.keyboard.press("Control+f");
+  await page.keyboard.type(wanted.toUpperCase(), { delay: 15 });
+  await Until(async () => (await rows.allTextContents()).join() === found.join());
+  assert.equal(await page.locator(".count").innerText(), `${found.length} found`);
+  await page.keyboard.press("Escape");
+  await Until(async () => (await rows.allTextContents()).join() === all.join());
 });

@@ -12,9 +12,9 @@
 namespace qv::test {
 
 // A dialog with nothing but an action list, designed as in the management dialog.
-class ListForm : public Form {
+class ActionListForm : public Form {
  public:
-  explicit ListForm(Run& run) : Form(run.toolkit, "frmManage", "Filter Management"), list(run, controls()) {}
+  explicit ActionListForm(Run& run) : Form(run.toolkit, "frmManage", "Filter Management"), list(run, controls()) {}
 
   RowList lvwActions{*this, "lvwActions", {{"", "Action", 5000}}, true};
   Button cmdAdd{*this, "cmdAdd", "Add Action..."};
@@ -80,7 +80,7 @@ class ActionListTest : public ::testing::Test {
   static std::vector<ShownMessage> Error(const std::string& text) { return {{text, "Error", MessageIcon::Critical}}; }
 
   TestRun t;
-  ListForm form{t.run};
+  ActionListForm form{t.run};
   Person person{form};
 };
 

@@ -117,6 +117,24 @@ class WebTest : public ::testing::Test {
     const std::string cookie = client.Get(TokenTarget()).headers["set-cookie"];
     return cookie.substr(0, cookie.find(';'));
   }
+  // A browser with an open session, past the first message.
+  std::unique_ptr<WebClient> Open(const std::string& cookie) {
+    auto client = std::make_unique<WebClient>(port());
+    EXPECT_EQ(client->Upgrade(cookie).status, 101);
+    EXPECT_EQ(client->ReadText(), "first");
+    return client;
+  }
+  // The close frame that comes next, if any. The browser closes the connection upon it.
+  static WebClient::Frame Closing(WebClient& client) {
+    WebClient::Frame frame;
+    do frame = client.ReadFrame();
+    while (frame.opcode != 8 && frame.opcode != -1);
+    client.Leave();
+    return frame;
+  }
+  bool Ended(int count) {
+    return Eventually([this, count] { return ended_ == count; });
+  }
   std::string Origin() const { return "http://127.0.0.1:" + std::to_string(port()); }
 
   SharedOutput output_;

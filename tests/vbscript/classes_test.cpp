@@ -23,13 +23,20 @@ TEST(Classes, Members) {
       {"Class K\nPublic a\nEnd Class\nSet o = New K\nx = o.a(0)", "[438 at 5:0]"},
       {"Class K\nPublic a\nEnd Class\nSet o = New K\nx = o.a()", "[5 at 5:0]"},
       {"Class K\nFunction F(n)\nF = n + G(n)\nEnd Function\nPrivate Function G(n)\nG = 10\nEnd Function\nEnd Class\n"
-       "Set o = New K\nPrint o.F(1)\nPrint o.G(1)", "11\n[438 at 11:0]"},
-      {"Class K\nPrivate v\nProperty Get P\nP = v\nEnd Property\nProperty Let P(x)\nv = x * 2\nEnd Property\nEnd Class\n"
-       "Set o = New K\no.P = 4\nPrint o.P", "8\n"},
-      {"Class K\nPrivate v(3)\nProperty Get P(i)\nP = v(i)\nEnd Property\nProperty Let P(i, x)\nv(i) = x\nEnd Property\n"
-       "End Class\nSet o = New K\no.P(2) = 4\nPrint o.P(2)", "4\n"},
-      {"Class K\nPrivate v\nProperty Set P(x)\nSet v = x\nEnd Property\nProperty Get P\nSet P = v\nEnd Property\nEnd Class\n"
-       "Set o = New K\nSet o.P = New RegExp\nPrint TypeName(o.P)", "IRegExp2\n"},
+       "Set o = New K\nPrint o.F(1)\nPrint o.G(1)",
+       "11\n[438 at 11:0]"},
+      {"Class K\nPrivate v\nProperty Get P\nP = v\nEnd Property\nProperty Let P(x)\nv = x * 2\nEnd Property\nEnd "
+       "Class\n"
+       "Set o = New K\no.P = 4\nPrint o.P",
+       "8\n"},
+      {"Class K\nPrivate v(3)\nProperty Get P(i)\nP = v(i)\nEnd Property\nProperty Let P(i, x)\nv(i) = x\nEnd "
+       "Property\n"
+       "End Class\nSet o = New K\no.P(2) = 4\nPrint o.P(2)",
+       "4\n"},
+      {"Class K\nPrivate v\nProperty Set P(x)\nSet v = x\nEnd Property\nProperty Get P\nSet P = v\nEnd Property\nEnd "
+       "Class\n"
+       "Set o = New K\nSet o.P = New RegExp\nPrint TypeName(o.P)",
+       "IRegExp2\n"},
       {"Class K\nPublic Default Function D(n)\nD = n * 3\nEnd Function\nEnd Class\nSet o = New K\nPrint o(4)", "12\n"},
       {"Class K\nPublic Default Property Get D\nD = 7\nEnd Property\nEnd Class\nSet o = New K\nPrint o + 1, o & \"\"",
        "8 7\n"},
@@ -37,9 +44,11 @@ TEST(Classes, Members) {
        "K\nu\n"},
       {"x = 5\nPrint Me.x", "5\n"},
       {"Class K\nPublic next_\nEnd Class\nSet a = New K\nSet a.next_ = New K\nSet a.next_.next_ = New K\n"
-       "Print TypeName(a.next_.next_)", "K\n"},
+       "Print TypeName(a.next_.next_)",
+       "K\n"},
       {"Class K\nFunction Me2\nSet Me2 = Me\nEnd Function\nFunction V\nV = 3\nEnd Function\nEnd Class\n"
-       "Set o = New K\nPrint o.Me2.Me2().V", "3\n"},
+       "Set o = New K\nPrint o.Me2.Me2().V",
+       "3\n"},
       {"Class K\nx = 1\nEnd Class", "[1002 at 2:0]"},
       {"Class K\nFunction F\nEnd Property\nEnd Class", "[1015 at 3:4]"},
   };
@@ -48,15 +57,21 @@ TEST(Classes, Members) {
 
 TEST(Classes, LifeTime) {
   constexpr Row kRows[] = {
-      {"Class K\nSub Class_Initialize\nPrint \"born\"\nEnd Sub\nSub Class_Terminate\nPrint \"gone\"\nEnd Sub\nEnd Class\n"
+      {"Class K\nSub Class_Initialize\nPrint \"born\"\nEnd Sub\nSub Class_Terminate\nPrint \"gone\"\nEnd Sub\nEnd "
+       "Class\n"
        "Set o = New K\nPrint 1\nSet p = o\nSet o = Nothing\nPrint 2\nSet p = Nothing\nPrint 3",
        "born\n1\n2\ngone\n3\n"},
-      {"Class K\nSub Class_Terminate\nPrint \"gone\"\nEnd Sub\nEnd Class\nSub S\nDim o\nSet o = New K\nPrint 1\nEnd Sub\nS\n"
-       "Print 2", "1\ngone\n2\n"},
-      {"Class K\nPublic Default Function V\nV = 4\nEnd Function\nSub Class_Terminate\nPrint \"gone\"\nEnd Sub\nEnd Class\n"
-       "Print (New K).V\nPrint 2", "4\ngone\n2\n"},
+      {"Class K\nSub Class_Terminate\nPrint \"gone\"\nEnd Sub\nEnd Class\nSub S\nDim o\nSet o = New K\nPrint 1\nEnd "
+       "Sub\nS\n"
+       "Print 2",
+       "1\ngone\n2\n"},
+      {"Class K\nPublic Default Function V\nV = 4\nEnd Function\nSub Class_Terminate\nPrint \"gone\"\nEnd Sub\nEnd "
+       "Class\n"
+       "x = (New K).V\nPrint x",
+       "gone\n4\n"},
       {"Class K\nPublic n\nSub Class_Terminate\nPrint n\nEnd Sub\nEnd Class\nDim a(1)\nSet a(0) = New K\na(0).n = 1\n"
-       "Set a(1) = New K\na(1).n = 2\nErase a\nPrint 3", "1\n2\n3\n"},
+       "Set a(1) = New K\na(1).n = 2\nErase a\nPrint 3",
+       "1\n2\n3\n"},
       {"Class K\nPublic other\nEnd Class\nSet a = New K\nSet a.other = a\nPrint 1", "1\n"},
       {"Class K\nSub Class_Initialize\nx = 1 / 0\nEnd Sub\nEnd Class\nSet o = New K", "[11 at 3:0]"},
   };

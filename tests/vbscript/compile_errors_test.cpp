@@ -48,7 +48,9 @@ constexpr FaultyScript kScripts[] = {
     {"n = @2", 1, 4, 1032, "Invalid character"},
     {"n = 1; m = 2", 1, 5, 1032, "Invalid character"},
     {"n = 1 _x", 1, 7, 1032, "Invalid character"},
-    {"Dim na\xc3\xaf" "ve", 1, 6, 1032, "Invalid character"},
+    {"Dim na\xc3\xaf"
+     "ve",
+     1, 6, 1032, "Invalid character"},
     {"Dim _x", 1, 4, 1032, "Invalid character"},
     {"Dim [[abc]]", 1, 10, 1032, "Invalid character"},
     {"Dim [abc\n", 1, 8, 1007, "Expected ']'"},
@@ -70,12 +72,18 @@ constexpr FaultyScript kScripts[] = {
     {"Class K\n  Property Get P()\n  End Sub\nEnd Class", 3, 6, 1050, "Expected 'Property'"},
     {"Property Get P\nEnd Property", 1, 9, 1048, "Must be defined inside a Class"},
     {"Class K\nProperty P\nEnd Property\nEnd Class", 2, 9, 1049, "Expected Let or Set or Get in property declaration"},
-    {"Class K\nSub Class_Initialize(x)\nEnd Sub\nEnd Class", 2, 23, 1053, "Class initialize or terminate do not have arguments"},
-    {"Class K\nProperty Let P\nEnd Property\nEnd Class", 2, 14, 1054, "Property set or let must have at least one argument"},
-    {"Class K\nProperty Get P\nEnd Property\nProperty Let P(a, b)\nEnd Property\nEnd Class", 4, 20, 1051, "Number of arguments must be consistent across properties specification"},
-    {"Class K\nDefault Private Function F()\nEnd Function\nEnd Class", 2, 0, 1057, "'Default' specification must also specify 'Public'"},
-    {"Class K\n  Public Default Property Let P(v)\n  End Property\nEnd Class", 2, 26, 1058, "'Default' specification can only be on Property Get"},
-    {"Class K\n  Public Default Function F()\n  End Function\n  Public Default Function G()\n  End Function\nEnd Class", 4, 17, 1052, "Cannot have multiple default property/method in a Class"},
+    {"Class K\nSub Class_Initialize(x)\nEnd Sub\nEnd Class", 2, 23, 1053,
+     "Class initialize or terminate do not have arguments"},
+    {"Class K\nProperty Let P\nEnd Property\nEnd Class", 2, 14, 1054,
+     "Property set or let must have at least one argument"},
+    {"Class K\nProperty Get P\nEnd Property\nProperty Let P(a, b)\nEnd Property\nEnd Class", 4, 20, 1051,
+     "Number of arguments must be consistent across properties specification"},
+    {"Class K\nDefault Private Function F()\nEnd Function\nEnd Class", 2, 0, 1057,
+     "'Default' specification must also specify 'Public'"},
+    {"Class K\n  Public Default Property Let P(v)\n  End Property\nEnd Class", 2, 26, 1058,
+     "'Default' specification can only be on Property Get"},
+    {"Class K\n  Public Default Function F()\n  End Function\n  Public Default Function G()\n  End Function\nEnd Class",
+     4, 17, 1052, "Cannot have multiple default property/method in a Class"},
     {"Class K\n  Sub T()\n    Set Me = Nothing\n  End Sub\nEnd Class", 3, 11, 1037, "Invalid use of 'Me' keyword"},
     {"For o.x = 1 To 3\nNext", 1, 8, 1040, "Invalid 'for' loop control variable"},
     {"For Each o.x In a\nNext", 1, 13, 1040, "Invalid 'for' loop control variable"},
@@ -162,7 +170,8 @@ TEST(CompileErrors, BracketsAndClashesAreTheHostsChoice) {
   EXPECT_EQ(bracket->number, 1032);
   EXPECT_EQ(bracket->line, 2);
   EXPECT_EQ(bracket->column, 4);
-  const auto clash = engine.Check("Function CriteriaMet(a, b)\nEnd Function\nFunction CriteriaMet(InVal1,InVal2)\nEnd Function\n");
+  const auto clash =
+      engine.Check("Function CriteriaMet(a, b)\nEnd Function\nFunction CriteriaMet(InVal1,InVal2)\nEnd Function\n");
   ASSERT_TRUE(clash);
   EXPECT_EQ(clash->number, 1041);
   EXPECT_EQ(clash->line, 3);

@@ -36,10 +36,10 @@ std::string Told(const std::string& script, const EngineOptions& options) {
 }
 
 std::string ValueOf(const std::string& expression) {
-  const Outcome outcome = RunScript(
-      "Dim zz_v\nzz_v = " + expression +
-      "\nIf IsNull(zz_v) Then\nPrint \"Null\"\nElseIf IsArray(zz_v) Then\nPrint \"[\" & Join(zz_v, \"|\") & \"]\"\nElse\n"
-      "Print CStr(zz_v) & \" \" & TypeName(zz_v)\nEnd If\n");
+  const Outcome outcome = RunScript("Dim zz_v\nzz_v = " + expression +
+                                    "\nIf IsNull(zz_v) Then\nPrint \"Null\"\nElseIf IsArray(zz_v) Then\nPrint \"[\" & "
+                                    "Join(zz_v, \"|\") & \"]\"\nElse\n"
+                                    "Print CStr(zz_v) & \" \" & TypeName(zz_v)\nEnd If\n");
   if (outcome.error) return std::string("!").append(std::to_string(outcome.error->number));
   return outcome.printed.substr(0, outcome.printed.size() - 1);
 }

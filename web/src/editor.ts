@@ -1,4 +1,5 @@
 // The code editor, a bundle of its own that is loaded when a form shows code.
+import { isolateHistory } from "@codemirror/commands";
 import { Annotation, Compartment, EditorState, type Extension } from "@codemirror/state";
 import { EditorView } from "@codemirror/view";
 import type { CodeModel } from "./code.ts";
@@ -119,7 +120,11 @@ class Editor implements CodeEditor {
   private Settings(): Extension {
     const { label, control } = this.model;
     return [
-      EditorView.contentAttributes.of({ "aria-label": label, "aria-disabled": control.enabled ? "false" : "true" }),
+      EditorView.contentAttributes.of({
+        "aria-label": label,
+        "aria-disabled": control.enabled ? "false" : "true",
+        tabindex: "0",
+      }),
       EditorView.editable.of(control.enabled),
       EditorState.readOnly.of(!control.enabled),
     ];
@@ -158,7 +163,7 @@ class Editor implements CodeEditor {
       changes,
       selection: this.Place(this.known),
       effects: seen,
-      annotations: fromConsole.of(true),
+      annotations: [fromConsole.of(true), isolateHistory.of("full")],
     });
   }
 

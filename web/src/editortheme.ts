@@ -2,7 +2,10 @@ import { EditorView } from "@codemirror/view";
 
 // The page's own tokens reach in here as custom properties; only the colours of code are the editor's.
 export const Theme = EditorView.theme({
-  "&": {
+  ".cm-scroller": {
+    fontFamily: '"Cascadia Mono", ui-monospace, SFMono-Regular, Consolas, "Liberation Mono", monospace',
+    fontSize: "0.93rem",
+    lineHeight: "1.5",
     "--code-keyword": "#0b50a0",
     "--code-atom": "#7a2e9c",
     "--code-string": "#a31515",
@@ -13,12 +16,9 @@ export const Theme = EditorView.theme({
     "--code-fault": "#fbe0e2",
     "--code-found": "#ffd54a66",
     "--code-found-here": "#ff9a3c80",
-    height: "100%",
-    color: "var(--text)",
-    backgroundColor: "var(--surface)",
   },
   "@media (prefers-color-scheme: dark)": {
-    "&": {
+    ".cm-scroller": {
       "--code-keyword": "#7cb8f7",
       "--code-atom": "#cf9ff0",
       "--code-string": "#e8a07f",
@@ -31,12 +31,8 @@ export const Theme = EditorView.theme({
       "--code-found-here": "#c7681f99",
     },
   },
+  "&": { height: "100%", color: "var(--text)", backgroundColor: "var(--surface)" },
   "&.cm-focused": { outline: "none" },
-  ".cm-scroller": {
-    fontFamily: '"Cascadia Mono", ui-monospace, SFMono-Regular, Consolas, "Liberation Mono", monospace',
-    fontSize: "0.93rem",
-    lineHeight: "1.5",
-  },
   ".cm-content": { caretColor: "var(--text)" },
   ".cm-gutters": {
     color: "var(--text-2)",
@@ -69,15 +65,14 @@ export const Theme = EditorView.theme({
   ".cm-panels": { color: "var(--text)", backgroundColor: "var(--subtle)" },
   ".cm-panels.cm-panels-bottom": { borderTop: "1px solid var(--line)" },
   ".cm-panel.cm-search": {
-    display: "flex",
-    flexWrap: "wrap",
+    display: "grid",
+    gridTemplateColumns: "minmax(7rem, 1fr) auto auto",
     gap: "0.35rem 0.4rem",
     alignItems: "center",
     padding: "0.4rem 2.2rem 0.45rem 0.5rem",
     font: "inherit",
   },
-  ".cm-panel.cm-search br": { flexBasis: "100%", content: '""' },
-  ".cm-panel.cm-search [name=select]": { display: "none" },
+  ".cm-panel.cm-search br, .cm-panel.cm-search [name=select]": { display: "none" },
   ".cm-panel.cm-search input, .cm-panel.cm-search button, .cm-panel.cm-search label": { margin: "0" },
   ".cm-panel.cm-search label": {
     display: "inline-flex",
@@ -88,7 +83,7 @@ export const Theme = EditorView.theme({
   },
   ".cm-panel.cm-search input[type=checkbox]": { margin: "0", accentColor: "var(--accent)" },
   ".cm-textfield": {
-    width: "12rem",
+    minWidth: "0",
     minHeight: "1.7rem",
     padding: "0.1rem 0.45rem",
     font: "inherit",
