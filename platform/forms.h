@@ -30,7 +30,8 @@ class Form {
   void SetHeight(int twips) { state_.height = twips; }
   // What the window's frame and title take of the outer height, in twips.
   static constexpr int kWindowHeight = 405;
-  // The height of the area that the controls stand in, in twips; nothing when neither it nor the outer height is settled.
+  // The height of the area that the controls stand in, in twips; nothing when neither it nor the outer height is
+  // settled.
   std::optional<int> ClientHeight() const;
 
   const std::vector<Control*>& controls() const { return controls_; }

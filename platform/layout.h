@@ -22,8 +22,8 @@ struct Layout {
   };
 
   Kind kind = Kind::Column;
-  const Control* control = nullptr;  // of Control, Field and Frame
-  const Control* label = nullptr;    // of Field
+  const Control* control = nullptr;      // of Control, Field and Frame
+  const Control* label = nullptr;        // of Field
   std::vector<const Control*> controls;  // the hints of a Field, the buttons of Side and Buttons
   std::vector<Layout> items;
   bool grow = false;  // takes what room is left
@@ -34,9 +34,13 @@ struct Layout {
 
 namespace layout {
 
-inline Layout Column(std::vector<Layout> items) { return {Layout::Kind::Column, nullptr, nullptr, {}, std::move(items)}; }
+inline Layout Column(std::vector<Layout> items) {
+  return {Layout::Kind::Column, nullptr, nullptr, {}, std::move(items)};
+}
 inline Layout Row(std::vector<Layout> items) { return {Layout::Kind::Row, nullptr, nullptr, {}, std::move(items)}; }
-inline Layout Indent(std::vector<Layout> items) { return {Layout::Kind::Indent, nullptr, nullptr, {}, std::move(items)}; }
+inline Layout Indent(std::vector<Layout> items) {
+  return {Layout::Kind::Indent, nullptr, nullptr, {}, std::move(items)};
+}
 inline Layout Item(const Control& control, int lines = 0) {
   return {Layout::Kind::Control, &control, nullptr, {}, {}, false, lines};
 }

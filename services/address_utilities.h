@@ -7,8 +7,8 @@
 
 namespace qv {
 
-// True when an "@" stands at position 2 or later and every character is one that the server takes in an address. Nothing
-// else is tested.
+// True when an "@" stands at position 2 or later and every character is one that the server takes in an address.
+// Nothing else is tested.
 bool IsValidEmailAddress(std::string_view address);
 
 // Four parts separated by ".", each a number from 0 to 255 or, with `allow_wildcard`, "*"; fewer parts with

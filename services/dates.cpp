@@ -50,9 +50,9 @@ std::optional<std::vector<Piece>> Pieces(std::string_view text) {
 
 // 1 to 12 for the name of a month or its first three letters, otherwise 0.
 int MonthOf(const std::string& word) {
-  static constexpr std::array<std::string_view, 12> kMonths = {"JANUARY", "FEBRUARY", "MARCH",     "APRIL",
-                                                               "MAY",     "JUNE",     "JULY",      "AUGUST",
-                                                               "SEPTEMBER", "OCTOBER", "NOVEMBER", "DECEMBER"};
+  static constexpr std::array<std::string_view, 12> kMonths = {"JANUARY",   "FEBRUARY", "MARCH",    "APRIL",
+                                                               "MAY",       "JUNE",     "JULY",     "AUGUST",
+                                                               "SEPTEMBER", "OCTOBER",  "NOVEMBER", "DECEMBER"};
   for (std::size_t n = 0; n < kMonths.size(); ++n) {
     if (word == kMonths[n] || word == kMonths[n].substr(0, 3)) return static_cast<int>(n) + 1;
   }

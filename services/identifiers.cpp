@@ -34,7 +34,9 @@ std::string TwoDigits(const std::string& digits) {
 
 }  // namespace
 
-std::string ZeroPad(int width, int length) { return std::string(static_cast<std::size_t>(std::max(0, width - length)), '0'); }
+std::string ZeroPad(int width, int length) {
+  return std::string(static_cast<std::size_t>(std::max(0, width - length)), '0');
+}
 
 std::string NewGuidString(GuidSource& guids) {
   Guid guid;

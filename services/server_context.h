@@ -45,8 +45,8 @@ std::string GetRegistryString(Run& run, std::string_view key, std::string_view v
 // The root of all files of the system. The host takes no part: it is always the local machine's.
 std::string GetConfigurationDirectory(Run& run, const std::string& host);
 
-// Tells the filter component of the local machine to reload, also when a remote server is administered. A failure passes
-// in silence.
+// Tells the filter component of the local machine to reload, also when a remote server is administered. A failure
+// passes in silence.
 void SignalFilterReload(Run& run);
 
 // Non-zero when both the filter agent and its filter component are on.

@@ -49,7 +49,8 @@ class NumberReader {
     while (!rest_.empty() && IsBlank(rest_.front())) rest_.remove_prefix(1);
   }
 
-  // &H and &O digits, and & alone before octal ones, as a 32-bit pattern; up to four hexadecimal digits as a 16-bit one.
+  // &H and &O digits, and & alone before octal ones, as a 32-bit pattern; up to four hexadecimal digits as a 16-bit
+  // one.
   std::optional<double> ReadBased() {
     if (Next() != '&') return std::nullopt;
     std::string_view text = rest_.substr(1);

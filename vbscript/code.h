@@ -183,7 +183,7 @@ struct GlobalName {
 // The global names of an engine, by number. Their values stand in a table of the same numbers that never moves.
 class Globals {
  public:
-  static constexpr std::uint32_t kMost = 1U << 16;
+  static constexpr std::uint32_t kMost = 1U << 15;
 
   Globals();
   ~Globals();

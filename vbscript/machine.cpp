@@ -14,14 +14,19 @@ namespace {
 // How often running may nest in the program's own stack, through default properties, executed texts and the like.
 constexpr int kNativeDepth = 100;
 
+// Registers for all frames together: many for each, and enough for a few large ones.
+std::size_t StackSize(const EngineOptions& options) {
+  return static_cast<std::size_t>(std::clamp(options.depth_limit, 16, 4096)) * 256;
+}
+
 }  // namespace
 
 Machine::Machine(const EngineOptions& options)
     : Context(options.memory_limit, options.string_limit, options.interrupt, options.step_limit),
       options_(options),
       library_(atoms_),
-      stack_(static_cast<Value*>(std::calloc(kStackValues, sizeof(Value)))),
-      stack_end_(stack_ + kStackValues) {
+      stack_(static_cast<Value*>(std::calloc(StackSize(options), sizeof(Value)))),
+      stack_end_(stack_ + StackSize(options)) {
   if (!stack_) throw std::bad_alloc();
   frames_.resize(static_cast<std::size_t>(std::max(options.depth_limit, 1)));
   AddStringFunctions(library_);

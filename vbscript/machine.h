@@ -114,8 +114,6 @@ class Machine final : public Context {
   [[noreturn]] void FailMember(int number) const;
   std::string NameHere() const;
 
-  static constexpr std::size_t kStackValues = 1U << 18;
-
   EngineOptions options_;
   Atoms atoms_;
   Library library_;

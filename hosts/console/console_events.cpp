@@ -67,7 +67,8 @@ Action ConsoleSession::ReadConsoleEvent(const std::string& what, const Event& ev
   if (what == "choose") return ReadChoice(event);
   if (what == "verb") return ReadVerb(event);
 
-  const bool of_pane = what == "selectItems" || what == "doubleClick" || what == "sort" || what == "scroll" || what == "filter";
+  const bool of_pane =
+      what == "selectItems" || what == "doubleClick" || what == "sort" || what == "scroll" || what == "filter";
   if (!of_pane) throw EventError("There is no event \"" + what + "\" that could be taken now.");
   if (!pane_) throw EventError("No result pane is shown.");
   if (what == "selectItems") {

@@ -71,8 +71,8 @@ Action ReadListEvent(const Event& event, Form& form, bool twice) {
 }
 
 Action ReadFocusEvent(const Event& event, Form& form, bool& tab) {
-  Control& control = Wanted(event, form, {Kind::Button, Kind::Check, Kind::Option, Kind::Text, Kind::List, Kind::Combo,
-                                          Kind::ListView});
+  Control& control = Wanted(
+      event, form, {Kind::Button, Kind::Check, Kind::Option, Kind::Text, Kind::List, Kind::Combo, Kind::ListView});
   const bool by_tab = event.FlagOr("tab", false);
   return [&form, &control, by_tab, &tab] {
     struct Hold {  // the key is up again whatever the handler does

@@ -10,25 +10,38 @@ using Kind = Control::Kind;
 
 const char* NameOf(Kind kind) {
   switch (kind) {
-    case Kind::Label: return "label";
-    case Kind::Frame: return "frame";
-    case Kind::Button: return "button";
-    case Kind::Check: return "check";
-    case Kind::Option: return "option";
-    case Kind::Text: return "text";
-    case Kind::List: return "list";
-    case Kind::Combo: return "combo";
-    case Kind::ListView: return "listview";
+    case Kind::Label:
+      return "label";
+    case Kind::Frame:
+      return "frame";
+    case Kind::Button:
+      return "button";
+    case Kind::Check:
+      return "check";
+    case Kind::Option:
+      return "option";
+    case Kind::Text:
+      return "text";
+    case Kind::List:
+      return "list";
+    case Kind::Combo:
+      return "combo";
+    case Kind::ListView:
+      return "listview";
   }
   return "";
 }
 
 const char* NameOf(Label::Look look) {
   switch (look) {
-    case Label::Look::Heading: return "heading";
-    case Label::Look::Help: return "help";
-    case Label::Look::Notice: return "notice";
-    case Label::Look::Plain: break;
+    case Label::Look::Heading:
+      return "heading";
+    case Label::Look::Help:
+      return "help";
+    case Label::Look::Notice:
+      return "notice";
+    case Label::Look::Plain:
+      break;
   }
   return nullptr;
 }
@@ -45,7 +58,8 @@ void WriteButton(const Button& button, json::object& to) {
   to["default"] = button.role() == Button::Role::Default;
   to["cancel"] = button.role() == Button::Role::Cancel;
   to["tip"] = button.tip();
-  if (button.picture() != Button::Picture::None) to["picture"] = button.picture() == Button::Picture::Up ? "up" : "down";
+  if (button.picture() != Button::Picture::None)
+    to["picture"] = button.picture() == Button::Picture::Up ? "up" : "down";
 }
 
 void WriteText(const TextBox& box, json::object& to) {
@@ -123,14 +137,22 @@ json::object WriteControl(const Control& control, const json::storage_ptr& memor
 
 const char* NameOf(Layout::Kind kind) {
   switch (kind) {
-    case Layout::Kind::Column: return "column";
-    case Layout::Kind::Row: return "row";
-    case Layout::Kind::Control: return "control";
-    case Layout::Kind::Field: return "field";
-    case Layout::Kind::Frame: return "frame";
-    case Layout::Kind::Indent: return "indent";
-    case Layout::Kind::Side: return "side";
-    case Layout::Kind::Buttons: return "buttons";
+    case Layout::Kind::Column:
+      return "column";
+    case Layout::Kind::Row:
+      return "row";
+    case Layout::Kind::Control:
+      return "control";
+    case Layout::Kind::Field:
+      return "field";
+    case Layout::Kind::Frame:
+      return "frame";
+    case Layout::Kind::Indent:
+      return "indent";
+    case Layout::Kind::Side:
+      return "side";
+    case Layout::Kind::Buttons:
+      return "buttons";
   }
   return "";
 }
@@ -164,9 +186,12 @@ json::object WriteLayout(const Layout& layout, const json::storage_ptr& memory) 
 
 const char* NameOf(Form::Size size) {
   switch (size) {
-    case Form::Size::Small: return "small";
-    case Form::Size::Medium: return "medium";
-    case Form::Size::Large: return "large";
+    case Form::Size::Small:
+      return "small";
+    case Form::Size::Medium:
+      return "medium";
+    case Form::Size::Large:
+      return "large";
   }
   return "";
 }

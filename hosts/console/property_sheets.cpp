@@ -88,8 +88,8 @@ Action ConsoleSession::ReadSheetEvent(const std::string& what, const Event& even
   throw EventError("The sheet has no button \"" + button + "\".");
 }
 
-// Applies the pages that have changes. A page that refuses comes to the front and stays changed, and the pages behind it
-// wait.
+// Applies the pages that have changes. A page that refuses comes to the front and stays changed, and the pages behind
+// it wait.
 bool ConsoleSession::ApplyPages() {
   for (std::size_t n = 0; n < sheet_->pages().size(); ++n) {
     PropertyPage& page = *sheet_->pages()[n].page;

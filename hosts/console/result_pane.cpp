@@ -92,7 +92,8 @@ void ResultPane::Order(const Compare& compare) {
 }
 
 ListItem* ResultPane::FindRow(const std::string& key) const {
-  const auto found = std::find_if(shown_.begin(), shown_.end(), [&key](const ListItem* item) { return item->Key == key; });
+  const auto found =
+      std::find_if(shown_.begin(), shown_.end(), [&key](const ListItem* item) { return item->Key == key; });
   return found == shown_.end() ? nullptr : *found;
 }
 

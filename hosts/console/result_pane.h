@@ -21,7 +21,8 @@ class ResultPane : public ScopePaneItem {
     bool descending = false;
   };
   // Answers below 0, 0 or above 0 as the first row compares to the second by a column.
-  using Compare = std::function<int(const qv::ResultView& view, const ListItem& first, const ListItem& second, int column)>;
+  using Compare =
+      std::function<int(const qv::ResultView& view, const ListItem& first, const ListItem& second, int column)>;
 
   // `rebuild` is what DisplayNewResultView does.
   ResultPane(TreeNode& node, std::function<void()> rebuild);

@@ -78,8 +78,8 @@ void ScopeTree::SetPostoffices(TreeNode& branch, const std::vector<std::string>&
   std::vector<std::unique_ptr<TreeNode>> before = std::move(branch.children);
   branch.children.clear();
   for (const std::string& name : names) {
-    const auto same =
-        std::find_if(before.begin(), before.end(), [&name](const auto& node) { return node && node->postoffice == name; });
+    const auto same = std::find_if(before.begin(), before.end(),
+                                   [&name](const auto& node) { return node && node->postoffice == name; });
     if (same != before.end()) {
       branch.children.push_back(std::move(*same));
       continue;

@@ -124,11 +124,16 @@ json::object WriteSheet(const Sheet& sheet, const json::storage_ptr& memory) {
 
 const char* NameOf(MessageIcon icon) {
   switch (icon) {
-    case MessageIcon::Critical: return "critical";
-    case MessageIcon::Question: return "question";
-    case MessageIcon::Exclamation: return "exclamation";
-    case MessageIcon::Information: return "information";
-    case MessageIcon::None: break;
+    case MessageIcon::Critical:
+      return "critical";
+    case MessageIcon::Question:
+      return "question";
+    case MessageIcon::Exclamation:
+      return "exclamation";
+    case MessageIcon::Information:
+      return "information";
+    case MessageIcon::None:
+      break;
   }
   return "none";
 }

@@ -63,12 +63,27 @@ TEST_F(ScriptEditor, HasItsCaptionsAndTokens) {
     EXPECT_EQ(editor.cmdExit.Caption(), "&Save and Exit");
     EXPECT_EQ(editor.cmdCancel.Caption(), "&Cancel");
     EXPECT_TRUE(editor.txtCondition.MultiLine());
-    EXPECT_EQ(editor.lstTokens.Items(),
-              (std::vector<std::string>{
-                  "[QV_SUBJECT]", "[QV_BODY]", "[QV_TO]", "[QV_CC]", "[QV_TOorCC]", "[QV_SPF]", "[QV_PRIORITY]",
-                  "[QV_FROM]", "[QV_SIZE]", "[QV_HASATTACHMENTSMATCHING]", "[QV_HASANATTACHMENT]", "[QV_SECURE]",
-                  "[QV_HEADERS_CONTAIN]", "[QV_SPAM_PROBABILITY]", "[QV_HASVIRUS]", "[QV_ALLMESSAGES]",
-                  "[QV_SENDERAUTH]", "[QV_IPADDRESS]", "[QV_ACCOUNT]", "[QV_CONNECTOR]", "[QV_DKIM]"}));
+    EXPECT_EQ(editor.lstTokens.Items(), (std::vector<std::string>{"[QV_SUBJECT]",
+                                                                  "[QV_BODY]",
+                                                                  "[QV_TO]",
+                                                                  "[QV_CC]",
+                                                                  "[QV_TOorCC]",
+                                                                  "[QV_SPF]",
+                                                                  "[QV_PRIORITY]",
+                                                                  "[QV_FROM]",
+                                                                  "[QV_SIZE]",
+                                                                  "[QV_HASATTACHMENTSMATCHING]",
+                                                                  "[QV_HASANATTACHMENT]",
+                                                                  "[QV_SECURE]",
+                                                                  "[QV_HEADERS_CONTAIN]",
+                                                                  "[QV_SPAM_PROBABILITY]",
+                                                                  "[QV_HASVIRUS]",
+                                                                  "[QV_ALLMESSAGES]",
+                                                                  "[QV_SENDERAUTH]",
+                                                                  "[QV_IPADDRESS]",
+                                                                  "[QV_ACCOUNT]",
+                                                                  "[QV_CONNECTOR]",
+                                                                  "[QV_DKIM]"}));
   });
 }
 
@@ -115,9 +130,10 @@ TEST_F(ScriptEditor, TheTrialRunReplacesTokensAndAppendsTheFrame) {
     person.Set("txtCondition", "If CriteriaMet([QV_TO],\"a\") Or CriteriaMet([QV_TO],\"[QV_TOorCC]\") Then");
     person.Click("cmdCheck");
   });
-  EXPECT_EQ(t.scripts.codes,
-            (std::vector<std::string>{"If CriteriaMet(QV_VARIABLE,\"a\") Or CriteriaMet(QV_VARIABLE,\"QV_VARIABLE\") Then\r\n"
-                                      "Function CriteriaMet(InVal1,InVal2)\r\nEnd Function\r\n"}));
+  EXPECT_EQ(
+      t.scripts.codes,
+      (std::vector<std::string>{"If CriteriaMet(QV_VARIABLE,\"a\") Or CriteriaMet(QV_VARIABLE,\"QV_VARIABLE\") Then\r\n"
+                                "Function CriteriaMet(InVal1,InVal2)\r\nEnd Function\r\n"}));
 }
 
 TEST_F(ScriptEditor, ATokenInAnotherCaseIsNotReplaced) {
@@ -144,10 +160,11 @@ TEST_F(ScriptEditor, AMissingResultIsAWarning) {
     person.Set("txtCondition", "x = 1");
     person.Click("cmdCheck");
   });
-  EXPECT_EQ(t.desktop.messages,
-            (std::vector<ShownMessage>{{"Script Enumeration Completed with Warnings\r\n\r\nWARNING: FilterResult was not "
-                                        "specified for this script. Please see examples by pressing the Help button.",
-                                        "Quillvane Scripting", MessageIcon::Exclamation, MessageButtons::Ok}}));
+  EXPECT_EQ(
+      t.desktop.messages,
+      (std::vector<ShownMessage>{{"Script Enumeration Completed with Warnings\r\n\r\nWARNING: FilterResult was not "
+                                  "specified for this script. Please see examples by pressing the Help button.",
+                                  "Quillvane Scripting", MessageIcon::Exclamation, MessageButtons::Ok}}));
 }
 
 TEST_F(ScriptEditor, AFaultIsToldPieceByPiece) {
@@ -157,10 +174,11 @@ TEST_F(ScriptEditor, AFaultIsToldPieceByPiece) {
     person.Click("cmdCheck");
     EXPECT_TRUE(editor.Loaded());
   });
-  EXPECT_EQ(t.desktop.messages,
-            (std::vector<ShownMessage>{{"Line: 3, Column: 7. Description: Expected 'End'.\r\nError Number: 1014. Microsoft "
-                                        "VBScript compilation error.\r\nError Text: the line\r\nError: 1014 Expected 'End'",
-                                        "Script Compilation Error", MessageIcon::Critical, MessageButtons::Ok}}));
+  EXPECT_EQ(
+      t.desktop.messages,
+      (std::vector<ShownMessage>{{"Line: 3, Column: 7. Description: Expected 'End'.\r\nError Number: 1014. Microsoft "
+                                  "VBScript compilation error.\r\nError Text: the line\r\nError: 1014 Expected 'End'",
+                                  "Script Compilation Error", MessageIcon::Critical, MessageButtons::Ok}}));
 }
 
 TEST_F(ScriptEditor, SavingWritesSignalsAndCloses) {

@@ -131,7 +131,8 @@ std::vector<std::string> ConsoleDriver::Cells() const {
 
 std::vector<std::string> ConsoleDriver::Keys() const {
   std::vector<std::string> keys;
-  for (const json::value& item : state_.at("view").at("items").as_array()) keys.emplace_back(item.at("key").as_string());
+  for (const json::value& item : state_.at("view").at("items").as_array())
+    keys.emplace_back(item.at("key").as_string());
   return keys;
 }
 

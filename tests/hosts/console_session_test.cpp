@@ -351,11 +351,11 @@ TEST_F(Console, EveryEventIsAnsweredWithItsId) {
 
 TEST_F(Console, ALineThatIsNoEventIsAnError) {
   ConsoleDriver c(world.servers());
-  for (const char* line : {"", "no json", "[]", "7", "{", R"({"do":7})", R"({})", R"({"do":"fly"})", R"({"do":"expand"})",
-                           R"({"do":"expand","node":7})", R"({"do":"close"})", R"({"do":"sheet","button":"ok"})",
-                           R"({"do":"page","index":0})", R"({"do":"click","control":"cmdOK"})",
-                           R"({"do":"menu","on":"node"})", R"({"do":"sort","column":0})", R"({"do":"answer","button":"ok"})",
-                           "{\"do\":\"expand\",\"node\":\"\xff\"}"}) {
+  for (const char* line :
+       {"", "no json", "[]", "7", "{", R"({"do":7})", R"({})", R"({"do":"fly"})", R"({"do":"expand"})",
+        R"({"do":"expand","node":7})", R"({"do":"close"})", R"({"do":"sheet","button":"ok"})",
+        R"({"do":"page","index":0})", R"({"do":"click","control":"cmdOK"})", R"({"do":"menu","on":"node"})",
+        R"({"do":"sort","column":0})", R"({"do":"answer","button":"ok"})", "{\"do\":\"expand\",\"node\":\"\xff\"}"}) {
     EXPECT_NE(c.Refused(line), "") << line;
   }
   c.OpenFilters();

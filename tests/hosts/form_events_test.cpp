@@ -164,10 +164,9 @@ TEST_F(FormEvents, TheFormIsWrittenWhole) {
   ASSERT_EQ(controls.size(), 15u);
   EXPECT_EQ(boost::json::serialize(controls[0]),
             R"({"name":"label","kind":"label","enabled":true,"visible":true,"caption":"&Label:"})");
-  EXPECT_EQ(
-      boost::json::serialize(controls[3]),
-      R"({"name":"digits","kind":"text","enabled":true,"visible":true,"focus":true,"text":"","multiline":false,)"
-      R"("maxLength":4,"selStart":0,"selLength":0,"back":"window","keys":"0123456789"})");
+  EXPECT_EQ(boost::json::serialize(controls[3]),
+            R"({"name":"digits","kind":"text","enabled":true,"visible":true,"focus":true,"text":"","multiline":false,)"
+            R"("maxLength":4,"selStart":0,"selLength":0,"back":"window","keys":"0123456789"})");
   EXPECT_EQ(boost::json::serialize(controls[5]),
             R"-({"name":"option(0)","kind":"option","enabled":true,"visible":true,"parent":"frame","focus":false,)-"
             R"("caption":"Option","checked":false})");

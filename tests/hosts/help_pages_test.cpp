@@ -28,8 +28,8 @@ TEST(HelpPages, AreUnderTheirAddresses) {
 
 TEST(HelpPages, LinkToPagesThatAreThere) {
   const std::regex link("href=\"(/[^\"#]*)\"");
-  for (const char* path : {"/help/index.html", "/help/mailboxfilters.html", "/help/spam.html",
-                           "/help/filtering_scripting.html"}) {
+  for (const char* path :
+       {"/help/index.html", "/help/mailboxfilters.html", "/help/spam.html", "/help/filtering_scripting.html"}) {
     const std::string page = HelpPage(path);
     for (std::sregex_iterator at(page.begin(), page.end(), link), end; at != end; ++at) {
       EXPECT_TRUE(FindAsset(EmbeddedAssets(), (*at)[1].str())) << path << " links to " << (*at)[1];

@@ -60,7 +60,10 @@ class Sample : public Form {
 
 class Forms : public ::testing::Test {
  protected:
-  Forms() { form.Load(); form.log.clear(); }
+  Forms() {
+    form.Load();
+    form.log.clear();
+  }
   TestDesktop desktop;
   Sample form{desktop};
 };

@@ -11,7 +11,8 @@ namespace {
 class FilterRows : public ::testing::Test {
  protected:
   FilterRows() {
-    t.store.server().filters = {{"FLT1", "CRT1", "A1", "One", "note", 0, "", ""}, {"FLT2", "CRT2", "", "Two", "", 1, "", ""}};
+    t.store.server().filters = {{"FLT1", "CRT1", "A1", "One", "note", 0, "", ""},
+                                {"FLT2", "CRT2", "", "Two", "", 1, "", ""}};
     t.store.server().criteria = {{"CRT1", "1", "", "Text", 1, "a", 1, "", ""}};
     t.store.server().tasks = {{"CRT1", "T1", "DELETE", "Delete Message", 1, "", "", ""}};
   }
@@ -24,7 +25,8 @@ TEST_F(FilterRows, RemoveTakesTheFilterRowAlone) {
   EXPECT_EQ(t.store.server().filters[0].FilterEntryID, "FLT2");
   EXPECT_EQ(t.store.server().criteria.size(), 1u);
   EXPECT_EQ(t.store.server().tasks.size(), 1u);
-  EXPECT_EQ(t.store.calls, (std::vector<std::string>{"Filter.Create", "Filter.SetHost@", "Filter.RemoveFilter@(FLT1)"}));
+  EXPECT_EQ(t.store.calls,
+            (std::vector<std::string>{"Filter.Create", "Filter.SetHost@", "Filter.RemoveFilter@(FLT1)"}));
 }
 
 TEST_F(FilterRows, RemoveOfAFilterThatIsGonePassesInSilence) {

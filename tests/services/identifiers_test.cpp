@@ -32,12 +32,30 @@ TEST(NewGuidString, PadsTheFirstThreePartsWithZeros) {
 
 TEST(NewGuidString, ALetterDigitOfTheLastPartIsNotPadded) {
   OneGuid guids({0x12345678, 0x9ABC, 0xDEF0, {0x05, 0x0A, 0x00, 0x0F, 0x9, 0xB, 0x10, 0xC}});
-  EXPECT_EQ(NewGuidString(guids), "123456789ABCDEF0" "05" "A" "00" "F" "09" "B" "10" "C");
+  EXPECT_EQ(NewGuidString(guids),
+            "123456789ABCDEF0"
+            "05"
+            "A"
+            "00"
+            "F"
+            "09"
+            "B"
+            "10"
+            "C");
 }
 
 TEST(NewGuidString, DigitsThatLookLikeAnExponentStayAsTheyAre) {
   OneGuid guids({0, 0, 0, {0x1E, 0xE1, 0x0E, 0x1D, 0xD1, 0x0D, 0xEE, 0xDD}});
-  EXPECT_EQ(NewGuidString(guids), "0000000000000000" "1E" "E1" "E" "1D" "D1" "D" "EE" "DD");
+  EXPECT_EQ(NewGuidString(guids),
+            "0000000000000000"
+            "1E"
+            "E1"
+            "E"
+            "1D"
+            "D1"
+            "D"
+            "EE"
+            "DD");
 }
 
 TEST(NewGuidString, IsEightZerosWhenThePlatformRefuses) {

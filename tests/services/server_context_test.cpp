@@ -30,12 +30,11 @@ TEST_F(ServerContext, AHostIsLocalWhenEmptyOrAnyCaseOfLocalhost) {
 TEST_F(ServerContext, AWordIsReadFromTheLocalRegistry) {
   t.registry.SetWord(kFilters, "Enabled", 7);
   EXPECT_EQ(ReadServerWord(t.run, kFilters, "Enabled", 3, ""), 7);
-  EXPECT_EQ(ReadServerWord(t.run, "software\\QUILLVANE\\quillvane\\agents\\mta\\FILTERS", "enabled", 3, "localhost"), 7);
+  EXPECT_EQ(ReadServerWord(t.run, "software\\QUILLVANE\\quillvane\\agents\\mta\\FILTERS", "enabled", 3, "localhost"),
+            7);
 }
 
-TEST_F(ServerContext, AMissingWordIsTheDefault) {
-  EXPECT_EQ(ReadServerWord(t.run, kFilters, "Enabled", 3, ""), 3);
-}
+TEST_F(ServerContext, AMissingWordIsTheDefault) { EXPECT_EQ(ReadServerWord(t.run, kFilters, "Enabled", 3, ""), 3); }
 
 TEST_F(ServerContext, AStringOfTheSameNameIsTheDefault) {
   t.registry.SetText(kFilters, "Enabled", "1");
@@ -100,8 +99,9 @@ TEST_F(ServerContext, AFailedRemoteWriteIsTold) {
   t.store.server("MAIL2");
   t.store.Refuse("Setting.SetRegistryWord", 0);
   WriteServerWord(t.run, kFilters, "Enabled", "12", "MAIL2");
-  EXPECT_EQ(t.desktop.messages, (std::vector<ShownMessage>{{"Error setting remote values", "Error",
-                                                            MessageIcon::Critical, MessageButtons::Ok}}));
+  EXPECT_EQ(
+      t.desktop.messages,
+      (std::vector<ShownMessage>{{"Error setting remote values", "Error", MessageIcon::Critical, MessageButtons::Ok}}));
 }
 
 TEST_F(ServerContext, AFailedCreationForAWriteIsToldOnce) {
@@ -184,9 +184,9 @@ TEST_F(ServerContext, TheStatusIsNotReadWhileTheAgentIsOff) {
 
 TEST_F(ServerContext, TheMailboxSpamSettingIsAWordOfItsHost) {
   SetProcessMailboxSpamFilters(t.run, 1, "");
-  EXPECT_EQ(t.registry.writes,
-            (std::vector<std::string>{
-                "SOFTWARE\\quillvane\\quillvane\\connectors\\sf|Process Mailbox Spam Filters=1"}));
+  EXPECT_EQ(
+      t.registry.writes,
+      (std::vector<std::string>{"SOFTWARE\\quillvane\\quillvane\\connectors\\sf|Process Mailbox Spam Filters=1"}));
   t.store.server("MAIL2");
   SetProcessMailboxSpamFilters(t.run, 0, "MAIL2");
   EXPECT_EQ(t.store.calls.back(),

@@ -26,8 +26,8 @@ struct ShownMessage {
 std::ostream& operator<<(std::ostream& out, const ShownMessage& message);
 
 // A desktop whose person is a test: message boxes are noted and answered from a queue ("OK", or No where nothing is
-// queued), and a modal form is handed to the next queued visit. Fails the test when a form comes up unexpectedly or stays
-// loaded after its visit.
+// queued), and a modal form is handed to the next queued visit. Fails the test when a form comes up unexpectedly or
+// stays loaded after its visit.
 class TestDesktop : public Toolkit {
  public:
   std::vector<ShownMessage> messages;
@@ -59,13 +59,13 @@ class Person {
  public:
   explicit Person(Form& form) : form_(form) {}
   void Click(const std::string& control);
-  void Set(const std::string& control, const std::string& text);   // pastes over everything
+  void Set(const std::string& control, const std::string& text);  // pastes over everything
   void Type(const std::string& control, const std::string& keys);
-  void Pick(const std::string& control, long index);               // clicks a row; -1 is the empty space
-  void Open(const std::string& control, long index);               // double clicks a row
-  void Tick(const std::string& control, long row, bool checked);   // a row's check box
-  void Tab(TestDesktop& desktop, const std::string& control);      // brings the focus by the Tab key
-  void Close() { form_.Unload(); }                                 // the close box
+  void Pick(const std::string& control, long index);              // clicks a row; -1 is the empty space
+  void Open(const std::string& control, long index);              // double clicks a row
+  void Tick(const std::string& control, long row, bool checked);  // a row's check box
+  void Tab(TestDesktop& desktop, const std::string& control);     // brings the focus by the Tab key
+  void Close() { form_.Unload(); }                                // the close box
 
  private:
   Control& Usable(const std::string& name);

@@ -256,8 +256,8 @@ class MemoryTask : public Bindable<Task> {
   }
   int AddTask() override {
     int result = 0;
-    if (Refused("AddTask",
-                Arguments({ActionID, TaskID, TaskType, Description, std::to_string(Status), Values}), result)) {
+    if (Refused("AddTask", Arguments({ActionID, TaskID, TaskType, Description, std::to_string(Status), Values}),
+                result)) {
       return result;
     }
     if (Row()) return 0;
