@@ -5,18 +5,18 @@
 namespace qv {
 
 ListItem& ListItems::Add(const std::string& key, const std::string& text, const std::string& icon) {
-  if (by_key_.count(key) != 0) throw RuntimeError(35602, "Key is not unique in collection");
+  if (keys_.count(key) != 0) throw RuntimeError(35602, "Key is not unique in collection");
   items_.push_back(std::make_unique<ListItem>());
   ListItem& item = *items_.back();
   item.Key = key;
   item.Text = text;
   item.Icon = icon;
-  by_key_.emplace(key, &item);
+  keys_.insert(item.Key);
   return item;
 }
 
 void ListItems::Clear() {
-  by_key_.clear();
+  keys_.clear();
   items_.clear();
 }
 

@@ -4,7 +4,8 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <unordered_map>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "platform/toolkit.h"
@@ -51,14 +52,15 @@ struct ListColumn {
 // The rows of a list view, in the order of adding.
 class ListItems {
  public:
-  // Raises RuntimeError 35602 when there is a row of that key already. The reference holds until the rows change.
+  // Raises RuntimeError 35602 when there is a row of that key already. The reference holds until the rows are cleared;
+  // the row's key is not to be changed.
   ListItem& Add(const std::string& key, const std::string& text, const std::string& icon);
   const std::vector<std::unique_ptr<ListItem>>& All() const { return items_; }
   void Clear();
 
  private:
   std::vector<std::unique_ptr<ListItem>> items_;
-  std::unordered_map<std::string, ListItem*> by_key_;
+  std::unordered_set<std::string_view> keys_;  // of the items' own texts
 };
 
 struct ListView {

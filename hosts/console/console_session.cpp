@@ -45,6 +45,11 @@ void ConsoleSession::Work() {
 // --- waiting for events ---
 
 void ConsoleSession::Pump(const std::function<bool()>& done) {
+  struct Depth {
+    int& count;
+    explicit Depth(int& pumps) : count(pumps) { ++count; }
+    ~Depth() { --count; }
+  } depth(pumps_);
   while (!done()) {
     if (answer_owed_) SendState();
     const std::optional<std::string> message = carrier_.Receive();
@@ -76,6 +81,11 @@ void ConsoleSession::Take(const std::string& message) {
   }
   started_.clear();
   if (closes_menu) menu_.reset();
+  if (pumps_ == 1) {
+    // No handler is under way that could hold on to what the pane showed before.
+    pane_before_.reset();
+    if (pane_) pane_->DropFormerRows();
+  }
   Perform(action);
 }
 
@@ -133,8 +143,8 @@ Action ConsoleSession::ReadAnswer(const Event& event) {
 
 void ConsoleSession::SendState() {
   answer_owed_ = false;
-  std::byte buffer[16384];
-  json::monotonic_resource memory(buffer, sizeof buffer);
+  // Out of the heap, so that a session that waits holds none of it.
+  json::monotonic_resource memory(32 << 10);
   ConsoleState state;
   state.root = &tree_.root();
   state.selected = pane_ ? &pane_->node() : nullptr;

@@ -107,6 +107,7 @@ class ConsoleSession : private Toolkit, private Console {
   std::optional<MessageAnswer> answer_;
   std::vector<Started> started_;
   bool tab_ = false;
+  int pumps_ = 0;  // waits for events, one inside the other
 
   bool answer_owed_ = true;  // the first state goes out before any event
   boost::json::value answer_id_;

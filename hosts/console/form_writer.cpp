@@ -198,7 +198,7 @@ const char* NameOf(Form::Size size) {
 
 }  // namespace
 
-json::object WriteForm(const Form& form, json::storage_ptr memory) {
+json::object WriteForm(const Form& form, const json::storage_ptr& memory) {
   json::object to(memory);
   to["name"] = form.name();
   to["caption"] = form.Caption();

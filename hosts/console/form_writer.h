@@ -6,6 +6,6 @@
 
 namespace qv {
 
-boost::json::object WriteForm(const Form& form, boost::json::storage_ptr memory);
+boost::json::object WriteForm(const Form& form, const boost::json::storage_ptr& memory);
 
 }  // namespace qv

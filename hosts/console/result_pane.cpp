@@ -43,7 +43,7 @@ ResultPane::ResultPane(TreeNode& node, std::function<void()> rebuild) : node_(no
 qv::ResultView& ResultPane::Restart(const std::string& host) {
   host_ = host;
   shown_.clear();
-  before_ = std::move(view_);
+  if (view_) former_.push_back(std::move(view_));
   view_ = std::make_unique<qv::ResultView>();
   view_->ScopePaneItem = this;
   ResultView = view_.get();

@@ -30,8 +30,9 @@ class ResultPane : public ScopePaneItem {
   TreeNode& node() const { return node_; }
   const std::string& host() const { return host_; }
 
-  // Starts an empty view for rows of that host. The rows of the view before live until the next but one.
+  // Starts an empty view for rows of that host. The rows of the view before live until DropFormerRows.
   qv::ResultView& Restart(const std::string& host);
+  void DropFormerRows() { former_.clear(); }
   // Takes up the rows that the view has now: sorts them and drops the selection of rows that are gone.
   void TakeRows(const Compare& compare);
   void SortBy(int column, const Compare& compare);
@@ -65,7 +66,8 @@ class ResultPane : public ScopePaneItem {
   TreeNode& node_;
   std::function<void()> rebuild_;
   std::string host_;
-  std::unique_ptr<qv::ResultView> view_, before_;
+  std::unique_ptr<qv::ResultView> view_;
+  std::vector<std::unique_ptr<qv::ResultView>> former_;
   std::vector<ListItem*> shown_;
   std::unordered_set<std::string> selected_;
   std::optional<Sort> sort_;

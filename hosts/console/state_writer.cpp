@@ -165,7 +165,7 @@ json::object WriteStarted(const Started& started, const json::storage_ptr& memor
 
 }  // namespace
 
-json::value WriteState(const ConsoleState& state, json::storage_ptr memory) {
+json::value WriteState(const ConsoleState& state, const json::storage_ptr& memory) {
   json::object to(memory);
   to["tree"] = WriteNode(*state.root, state.selected, memory);
   if (state.pane && state.pane->ResultView) {

@@ -49,6 +49,6 @@ struct ConsoleState {
   const std::vector<Started>* started = nullptr;
 };
 
-boost::json::value WriteState(const ConsoleState& state, boost::json::storage_ptr memory);
+boost::json::value WriteState(const ConsoleState& state, const boost::json::storage_ptr& memory);
 
 }  // namespace qv
