@@ -57,10 +57,12 @@ class ListItems {
   ListItem& Add(const std::string& key, const std::string& text, const std::string& icon);
   const std::vector<std::unique_ptr<ListItem>>& All() const { return items_; }
   void Clear();
+  // Gives back the memory that only adding takes. More rows can be added all the same.
+  void Settle();
 
  private:
   std::vector<std::unique_ptr<ListItem>> items_;
-  std::unordered_set<std::string_view> keys_;  // of the items' own texts
+  std::unordered_set<std::string_view> keys_;  // the items' own texts; empty once settled
 };
 
 struct ListView {

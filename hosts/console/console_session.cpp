@@ -143,8 +143,6 @@ Action ConsoleSession::ReadAnswer(const Event& event) {
 
 void ConsoleSession::SendState() {
   answer_owed_ = false;
-  // Out of the heap, so that a session that waits holds none of it.
-  json::monotonic_resource memory(32 << 10);
   ConsoleState state;
   state.root = &tree_.root();
   state.selected = pane_ ? &pane_->node() : nullptr;
@@ -157,10 +155,15 @@ void ConsoleSession::SendState() {
   }
   state.message = message_;
   state.started = &started_;
-  json::object answer(&memory);
-  answer["state"] = WriteState(state, &memory);
-  if (answer_has_id_) answer["id"] = answer_id_;
-  carrier_.Send(json::serialize(answer));
+  JsonWriter answer(answer_size_);
+  answer.Open('{');
+  answer.Key("state");
+  WriteState(state, answer);
+  if (answer_has_id_) answer.Key("id").Raw(json::serialize(answer_id_));
+  answer.Close('}');
+  std::string text = answer.Take();
+  answer_size_ = text.size() + text.size() / 8;
+  carrier_.Send(std::move(text));
 }
 
 void ConsoleSession::SendError(const std::string& text) {

@@ -112,6 +112,7 @@ class ConsoleSession : private Toolkit, private Console {
   bool answer_owed_ = true;  // the first state goes out before any event
   boost::json::value answer_id_;
   bool answer_has_id_ = false;
+  std::size_t answer_size_ = 4096;  // what the next answer is likely to take
 
   std::unique_ptr<Run> run_;
   std::unique_ptr<Filtering> filtering_;

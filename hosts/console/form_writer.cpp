@@ -2,8 +2,6 @@
 
 namespace qv {
 
-namespace json = boost::json;
-
 namespace {
 
 using Kind = Control::Kind;
@@ -46,93 +44,92 @@ const char* NameOf(Label::Look look) {
   return nullptr;
 }
 
-json::array Texts(const std::vector<std::string>& texts, const json::storage_ptr& memory) {
-  json::array array(memory);
-  array.reserve(texts.size());
-  for (const std::string& text : texts) array.emplace_back(text);
-  return array;
+void WriteTexts(const char* key, const std::vector<std::string>& texts, JsonWriter& to) {
+  to.Array(key, texts, [&to](const std::string& text) { to.Value(text); });
 }
 
-void WriteButton(const Button& button, json::object& to) {
-  to["caption"] = button.Caption();
-  to["default"] = button.role() == Button::Role::Default;
-  to["cancel"] = button.role() == Button::Role::Cancel;
-  to["tip"] = button.tip();
-  if (button.picture() != Button::Picture::None)
-    to["picture"] = button.picture() == Button::Picture::Up ? "up" : "down";
-}
-
-void WriteText(const TextBox& box, json::object& to) {
-  to["text"] = box.Text();
-  to["multiline"] = box.MultiLine();
-  to["maxLength"] = box.MaxLength();
-  to["selStart"] = box.SelStart();
-  to["selLength"] = box.SelLength();
-  to["back"] = box.Back() == BackColor::Window ? "window" : "buttonface";
-  if (!box.Keys().empty()) to["keys"] = box.Keys();
-  if (box.Code()) to["code"] = true;
-}
-
-void WriteRowList(const RowList& list, json::object& to) {
-  json::array columns(to.storage());
-  for (const RowList::Column& column : list.Columns()) {
-    json::object& at = columns.emplace_back(json::object(to.storage())).get_object();
-    at["key"] = column.Key;
-    at["caption"] = column.Header;
-    at["width"] = column.Width;
+void WriteButton(const Button& button, JsonWriter& to) {
+  to.Field("caption", button.Caption());
+  to.Field("default", button.role() == Button::Role::Default);
+  to.Field("cancel", button.role() == Button::Role::Cancel);
+  to.Field("tip", button.tip());
+  if (button.picture() != Button::Picture::None) {
+    to.Field("picture", button.picture() == Button::Picture::Up ? "up" : "down");
   }
-  to["columns"] = std::move(columns);
-  to["checkboxes"] = list.CheckBoxes();
-  json::array rows(to.storage());
-  rows.reserve(list.Rows().size());
-  for (const ListRow& row : list.Rows()) {
-    json::object& at = rows.emplace_back(json::object(to.storage())).get_object();
-    at["key"] = row.Key;
-    at["text"] = row.Text;
-    at["cells"] = Texts(row.SubItems, to.storage());
-    at["checked"] = row.Checked;
-  }
-  to["rows"] = std::move(rows);
-  to["selected"] = list.Selected();
 }
 
-json::object WriteControl(const Control& control, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["name"] = control.name();
-  to["kind"] = NameOf(control.kind());
-  to["enabled"] = control.Usable();
-  to["visible"] = control.Showing();
-  if (control.parent()) to["parent"] = control.parent()->name();
-  if (control.TakesFocus()) to["focus"] = control.form().Focus() == &control;
+void WriteText(const TextBox& box, JsonWriter& to) {
+  to.Field("text", box.Text());
+  to.Field("multiline", box.MultiLine());
+  to.Field("maxLength", box.MaxLength());
+  to.Field("selStart", box.SelStart());
+  to.Field("selLength", box.SelLength());
+  to.Field("back", box.Back() == BackColor::Window ? "window" : "buttonface");
+  if (!box.Keys().empty()) to.Field("keys", box.Keys());
+  if (box.Code()) to.Field("code", true);
+}
+
+void WriteRowList(const RowList& list, JsonWriter& to) {
+  to.Array("columns", list.Columns(), [&to](const RowList::Column& column) {
+    to.Object([&] {
+      to.Field("key", column.Key);
+      to.Field("caption", column.Header);
+      to.Field("width", column.Width);
+    });
+  });
+  to.Field("checkboxes", list.CheckBoxes());
+  to.Array("rows", list.Rows(), [&to](const ListRow& row) {
+    to.Object([&] {
+      to.Field("key", row.Key);
+      to.Field("text", row.Text);
+      WriteTexts("cells", row.SubItems, to);
+      to.Field("checked", row.Checked);
+    });
+  });
+  to.Field("selected", list.Selected());
+}
+
+void WriteKind(const Control& control, JsonWriter& to) {
   switch (control.kind()) {
     case Kind::Label:
-      to["caption"] = static_cast<const Label&>(control).Caption();
-      if (const char* look = NameOf(static_cast<const Label&>(control).look())) to["look"] = look;
+      to.Field("caption", static_cast<const Label&>(control).Caption());
+      if (const char* look = NameOf(static_cast<const Label&>(control).look())) to.Field("look", look);
       break;
     case Kind::Frame:
-      to["caption"] = static_cast<const Frame&>(control).Caption();
+      to.Field("caption", static_cast<const Frame&>(control).Caption());
       break;
     case Kind::Button:
       WriteButton(static_cast<const Button&>(control), to);
       break;
     case Kind::Check:
     case Kind::Option:
-      to["caption"] = static_cast<const ToggleControl&>(control).Caption();
-      to["checked"] = static_cast<const ToggleControl&>(control).Checked();
+      to.Field("caption", static_cast<const ToggleControl&>(control).Caption());
+      to.Field("checked", static_cast<const ToggleControl&>(control).Checked());
       break;
     case Kind::Text:
       WriteText(static_cast<const TextBox&>(control), to);
       break;
     case Kind::List:
     case Kind::Combo:
-      to["items"] = Texts(static_cast<const ListControl&>(control).Items(), memory);
-      to["selected"] = static_cast<const ListControl&>(control).ListIndex();
+      WriteTexts("items", static_cast<const ListControl&>(control).Items(), to);
+      to.Field("selected", static_cast<const ListControl&>(control).ListIndex());
       break;
     case Kind::ListView:
       WriteRowList(static_cast<const RowList&>(control), to);
       break;
   }
-  return to;
+}
+
+void WriteControl(const Control& control, JsonWriter& to) {
+  to.Object([&] {
+    to.Field("name", control.name());
+    to.Field("kind", NameOf(control.kind()));
+    to.Field("enabled", control.Usable());
+    to.Field("visible", control.Showing());
+    if (control.parent()) to.Field("parent", control.parent()->name());
+    if (control.TakesFocus()) to.Field("focus", control.form().Focus() == &control);
+    WriteKind(control, to);
+  });
 }
 
 const char* NameOf(Layout::Kind kind) {
@@ -157,31 +154,31 @@ const char* NameOf(Layout::Kind kind) {
   return "";
 }
 
-json::object WriteLayout(const Layout& layout, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["kind"] = NameOf(layout.kind);
-  if (layout.label) to["label"] = layout.label->name();
-  if (layout.control) to["control"] = layout.control->name();
-  json::array names(memory);
-  for (const Control* control : layout.controls) names.emplace_back(control->name());
-  if (layout.kind == Layout::Kind::Buttons) {
-    to["items"] = std::move(names);
-    return to;
-  }
-  if (layout.kind == Layout::Kind::Side) {
-    to["main"] = WriteLayout(layout.items.front(), memory);
-    to["buttons"] = std::move(names);
-  } else if (!names.empty()) {
-    to["hints"] = std::move(names);
-  }
-  if (layout.kind != Layout::Kind::Side && !layout.items.empty()) {
-    json::array items(memory);
-    for (const Layout& item : layout.items) items.emplace_back(WriteLayout(item, memory));
-    to["items"] = std::move(items);
-  }
-  if (layout.grow) to["grow"] = true;
-  if (layout.lines > 0) to["lines"] = layout.lines;
-  return to;
+void WriteLayout(const Layout& layout, JsonWriter& to) {
+  const auto write_names = [&](const char* key) {
+    to.Array(key, layout.controls, [&to](const Control* control) { to.Value(control->name()); });
+  };
+  to.Object([&] {
+    to.Field("kind", NameOf(layout.kind));
+    if (layout.label) to.Field("label", layout.label->name());
+    if (layout.control) to.Field("control", layout.control->name());
+    if (layout.kind == Layout::Kind::Buttons) {
+      write_names("items");
+      return;
+    }
+    if (layout.kind == Layout::Kind::Side) {
+      to.Key("main");
+      WriteLayout(layout.items.front(), to);
+      write_names("buttons");
+    } else {
+      if (!layout.controls.empty()) write_names("hints");
+      if (!layout.items.empty()) {
+        to.Array("items", layout.items, [&to](const Layout& item) { WriteLayout(item, to); });
+      }
+    }
+    if (layout.grow) to.Field("grow", true);
+    if (layout.lines > 0) to.Field("lines", layout.lines);
+  });
 }
 
 const char* NameOf(Form::Size size) {
@@ -198,18 +195,18 @@ const char* NameOf(Form::Size size) {
 
 }  // namespace
 
-json::object WriteForm(const Form& form, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["name"] = form.name();
-  to["caption"] = form.Caption();
-  to["height"] = form.Height();
-  json::array controls(memory);
-  for (const Control* control : form.controls()) controls.emplace_back(WriteControl(*control, memory));
-  to["controls"] = std::move(controls);
-  to["size"] = NameOf(form.size());
-  const Layout layout = form.Arrange();
-  if (!layout.empty()) to["layout"] = WriteLayout(layout, memory);
-  return to;
+void WriteForm(const Form& form, JsonWriter& to) {
+  to.Object([&] {
+    to.Field("name", form.name());
+    to.Field("caption", form.Caption());
+    to.Field("height", form.Height());
+    to.Array("controls", form.controls(), [&to](const Control* control) { WriteControl(*control, to); });
+    to.Field("size", NameOf(form.size()));
+    const Layout layout = form.Arrange();
+    if (layout.empty()) return;
+    to.Key("layout");
+    WriteLayout(layout, to);
+  });
 }
 
 }  // namespace qv

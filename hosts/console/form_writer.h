@@ -1,11 +1,10 @@
 #pragma once
 
-#include <boost/json.hpp>
-
+#include "hosts/console/json_writer.h"
 #include "platform/forms.h"
 
 namespace qv {
 
-boost::json::object WriteForm(const Form& form, const boost::json::storage_ptr& memory);
+void WriteForm(const Form& form, JsonWriter& to);
 
 }  // namespace qv

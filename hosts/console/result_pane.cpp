@@ -51,6 +51,7 @@ qv::ResultView& ResultPane::Restart(const std::string& host) {
 }
 
 void ResultPane::TakeRows(const Compare& compare) {
+  view_->ListView.ListItems.Settle();
   Order(compare);
   DropHiddenSelection();
   ScrollTo(offset_);

@@ -6,120 +6,110 @@
 
 namespace qv {
 
-namespace json = boost::json;
-
 namespace {
 
-json::object WriteNode(const TreeNode& node, const TreeNode* selected, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["id"] = node.id;
-  to["name"] = node.caption();
-  to["image"] = node.image;
-  to["selected"] = &node == selected;
-  to["expandable"] = node.expandable;
-  to["expanded"] = node.expanded;
-  json::array children(memory);
-  for (const auto& child : node.children) children.emplace_back(WriteNode(*child, selected, memory));
-  to["children"] = std::move(children);
-  return to;
+void WriteNode(const TreeNode& node, const TreeNode* selected, JsonWriter& to) {
+  to.Object([&] {
+    to.Field("id", node.id);
+    to.Field("name", node.caption());
+    to.Field("image", node.image);
+    to.Field("selected", &node == selected);
+    to.Field("expandable", node.expandable);
+    to.Field("expanded", node.expanded);
+    to.Array("children", node.children, [&](const auto& child) { WriteNode(*child, selected, to); });
+  });
 }
 
-json::object WriteItem(const ListItem& item, bool selected, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["key"] = item.Key;
-  to["tag"] = item.Tag;
-  to["text"] = item.Text;
-  to["icon"] = item.Icon;
-  json::array cells(memory);
-  for (const ListSubItem& cell : item.SubItems) cells.emplace_back(cell.Text);
-  to["cells"] = std::move(cells);
-  to["selected"] = selected;
-  return to;
+void WriteItem(const ListItem& item, bool selected, JsonWriter& to) {
+  to.Object([&] {
+    to.Field("key", item.Key);
+    to.Field("tag", item.Tag);
+    to.Field("text", item.Text);
+    to.Field("icon", item.Icon);
+    to.Array("cells", item.SubItems, [&to](const ListSubItem& cell) { to.Value(cell.Text); });
+    to.Field("selected", selected);
+  });
 }
 
-json::object WriteView(const ResultPane& pane, const json::storage_ptr& memory) {
+void WriteView(const ResultPane& pane, JsonWriter& to) {
   const ListView& list = pane.ResultView->ListView;
-  json::object to(memory);
-  to["name"] = list.Name;
-  to["tag"] = list.Tag;
-  to["host"] = pane.host();
-  json::array columns(memory);
-  for (const ListColumn& column : list.Columns) {
-    json::object& at = columns.emplace_back(json::object(memory)).get_object();
-    at["key"] = column.Key;
-    at["caption"] = column.Caption;
-    at["width"] = column.Width;
-  }
-  to["columns"] = std::move(columns);
-  if (pane.sort()) {
-    json::object sort(memory);
-    sort["column"] = pane.sort()->column;
-    sort["descending"] = pane.sort()->descending;
-    to["sort"] = std::move(sort);
-  } else {
-    to["sort"] = nullptr;
-  }
-  if (pane.CanFilter()) to["filter"] = pane.filter();
   const auto& shown = pane.Shown();
   const std::size_t first = std::min(pane.offset(), shown.size());
   const std::size_t last = std::min(first + ResultPane::kWindow, shown.size());
-  to["total"] = shown.size();
-  to["offset"] = first;
-  json::array items(memory);
-  items.reserve(last - first);
-  for (std::size_t n = first; n < last; ++n) {
-    items.emplace_back(WriteItem(*shown[n], pane.IsSelected(*shown[n]), memory));
-  }
-  to["items"] = std::move(items);
-  return to;
+  to.Object([&] {
+    to.Field("name", list.Name);
+    to.Field("tag", list.Tag);
+    to.Field("host", pane.host());
+    to.Array("columns", list.Columns, [&to](const ListColumn& column) {
+      to.Object([&] {
+        to.Field("key", column.Key);
+        to.Field("caption", column.Caption);
+        to.Field("width", column.Width);
+      });
+    });
+    to.Key("sort");
+    if (pane.sort()) {
+      to.Object([&] {
+        to.Field("column", pane.sort()->column);
+        to.Field("descending", pane.sort()->descending);
+      });
+    } else {
+      to.Null();
+    }
+    if (pane.CanFilter()) to.Field("filter", pane.filter());
+    to.Field("total", shown.size());
+    to.Field("offset", first);
+    to.Key("items").Open('[');
+    for (std::size_t n = first; n < last; ++n) WriteItem(*shown[n], pane.IsSelected(*shown[n]), to);
+    to.Close(']');
+  });
 }
 
-json::object WriteVerbs(const VerbStates& verbs, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["delete"] = verbs.delete_rows;
-  to["properties"] = verbs.properties;
-  to["refresh"] = verbs.refresh;
-  return to;
+void WriteVerbs(const VerbStates& verbs, JsonWriter& to) {
+  to.Object([&] {
+    to.Field("delete", verbs.delete_rows);
+    to.Field("properties", verbs.properties);
+    to.Field("refresh", verbs.refresh);
+  });
 }
 
-json::array WriteMenuItems(const std::vector<MMCMenu>& items, const json::storage_ptr& memory) {
-  json::array to(memory);
-  for (const MMCMenu& item : items) {
-    json::object& at = to.emplace_back(json::object(memory)).get_object();
-    at["name"] = item.Name;
-    at["caption"] = item.Caption;
-    at["enabled"] = item.Enabled && !item.Grayed;
-  }
-  return to;
+void WriteMenuItems(const char* key, const std::vector<MMCMenu>& items, JsonWriter& to) {
+  to.Array(key, items, [&to](const MMCMenu& item) {
+    to.Object([&] {
+      to.Field("name", item.Name);
+      to.Field("caption", item.Caption);
+      to.Field("enabled", item.Enabled && !item.Grayed);
+    });
+  });
 }
 
-json::object WriteMenu(const OpenMenu& menu, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["new"] = WriteMenuItems(menu.new_items, memory);
-  to["top"] = WriteMenuItems(menu.top_items, memory);
-  json::array verbs(memory);
-  if (menu.verbs.delete_rows) verbs.emplace_back("delete");
-  if (menu.verbs.properties) verbs.emplace_back("properties");
-  if (menu.verbs.refresh) verbs.emplace_back("refresh");
-  to["verbs"] = std::move(verbs);
-  return to;
+void WriteMenu(const OpenMenu& menu, JsonWriter& to) {
+  to.Object([&] {
+    WriteMenuItems("new", menu.new_items, to);
+    WriteMenuItems("top", menu.top_items, to);
+    to.Key("verbs").Open('[');
+    if (menu.verbs.delete_rows) to.Value("delete");
+    if (menu.verbs.properties) to.Value("properties");
+    if (menu.verbs.refresh) to.Value("refresh");
+    to.Close(']');
+  });
 }
 
-json::object WriteSheet(const Sheet& sheet, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["title"] = sheet.title();
-  json::array pages(memory);
-  for (const Sheet::Page& page : sheet.pages()) {
-    json::object& at = pages.emplace_back(json::object(memory)).get_object();
-    at["name"] = page.name;
-    at["caption"] = page.caption;
-    at["help"] = page.help;
-  }
-  to["pages"] = std::move(pages);
-  to["active"] = sheet.active();
-  to["changed"] = sheet.Changed();
-  to["form"] = WriteForm(sheet.Front(), memory);
-  return to;
+void WriteSheet(const Sheet& sheet, JsonWriter& to) {
+  to.Object([&] {
+    to.Field("title", sheet.title());
+    to.Array("pages", sheet.pages(), [&to](const Sheet::Page& page) {
+      to.Object([&] {
+        to.Field("name", page.name);
+        to.Field("caption", page.caption);
+        to.Field("help", page.help);
+      });
+    });
+    to.Field("active", sheet.active());
+    to.Field("changed", sheet.Changed());
+    to.Key("form");
+    WriteForm(sheet.Front(), to);
+  });
 }
 
 const char* NameOf(MessageIcon icon) {
@@ -138,64 +128,49 @@ const char* NameOf(MessageIcon icon) {
   return "none";
 }
 
-json::object WriteMessage(const MessageBoxState& message, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["title"] = message.title;
-  to["text"] = message.text;
-  to["icon"] = NameOf(message.icon);
-  json::array buttons(memory);
-  if (message.buttons == MessageButtons::YesNo) {
-    buttons.emplace_back("yes");
-    buttons.emplace_back("no");
-  } else {
-    buttons.emplace_back("ok");
-  }
-  to["buttons"] = std::move(buttons);
-  return to;
+void WriteMessage(const MessageBoxState& message, JsonWriter& to) {
+  to.Object([&] {
+    to.Field("title", message.title);
+    to.Field("text", message.text);
+    to.Field("icon", NameOf(message.icon));
+    to.Key("buttons").Raw(message.buttons == MessageButtons::YesNo ? R"(["yes","no"])" : R"(["ok"])");
+  });
 }
 
-json::object WriteStarted(const Started& started, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["kind"] = started.kind;
-  const char* field = started.kind == "program" ? "command" : started.kind == "url" ? "address" : "topic";
-  to[field] = started.value;
-  if (!started.file.empty()) to["file"] = started.file;
-  return to;
+void WriteStarted(const Started& started, JsonWriter& to) {
+  to.Object([&] {
+    to.Field("kind", started.kind);
+    to.Field(started.kind == "program" ? "command" : started.kind == "url" ? "address" : "topic", started.value);
+    if (!started.file.empty()) to.Field("file", started.file);
+  });
+}
+
+// A part of the state that may be missing.
+template <class Part, class Write>
+void WriteOrNull(const char* key, const Part* part, Write&& write, JsonWriter& to) {
+  to.Key(key);
+  if (part) {
+    write(*part, to);
+  } else {
+    to.Null();
+  }
 }
 
 }  // namespace
 
-json::value WriteState(const ConsoleState& state, const json::storage_ptr& memory) {
-  json::object to(memory);
-  to["tree"] = WriteNode(*state.root, state.selected, memory);
-  if (state.pane && state.pane->ResultView) {
-    to["view"] = WriteView(*state.pane, memory);
-  } else {
-    to["view"] = nullptr;
-  }
-  to["verbs"] = WriteVerbs(state.verbs, memory);
-  if (state.menu) {
-    to["menu"] = WriteMenu(*state.menu, memory);
-  } else {
-    to["menu"] = nullptr;
-  }
-  if (state.sheet) {
-    to["sheet"] = WriteSheet(*state.sheet, memory);
-  } else {
-    to["sheet"] = nullptr;
-  }
-  json::array dialogs(memory);
-  for (const Form* form : state.dialogs) dialogs.emplace_back(WriteForm(*form, memory));
-  to["dialogs"] = std::move(dialogs);
-  if (state.message) {
-    to["message"] = WriteMessage(*state.message, memory);
-  } else {
-    to["message"] = nullptr;
-  }
-  json::array started(memory);
-  for (const Started& item : *state.started) started.emplace_back(WriteStarted(item, memory));
-  to["started"] = std::move(started);
-  return to;
+void WriteState(const ConsoleState& state, JsonWriter& to) {
+  to.Object([&] {
+    to.Key("tree");
+    WriteNode(*state.root, state.selected, to);
+    WriteOrNull("view", state.pane && state.pane->ResultView ? state.pane : nullptr, WriteView, to);
+    to.Key("verbs");
+    WriteVerbs(state.verbs, to);
+    WriteOrNull("menu", state.menu, WriteMenu, to);
+    WriteOrNull("sheet", state.sheet, WriteSheet, to);
+    to.Array("dialogs", state.dialogs, [&to](const Form* form) { WriteForm(*form, to); });
+    WriteOrNull("message", state.message, WriteMessage, to);
+    to.Array("started", *state.started, [&to](const Started& started) { WriteStarted(started, to); });
+  });
 }
 
 }  // namespace qv

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <boost/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "hosts/console/json_writer.h"
 #include "hosts/console/result_pane.h"
 #include "hosts/console/scope_tree.h"
 #include "hosts/console/sheet.h"
@@ -49,6 +49,6 @@ struct ConsoleState {
   const std::vector<Started>* started = nullptr;
 };
 
-boost::json::value WriteState(const ConsoleState& state, const boost::json::storage_ptr& memory);
+void WriteState(const ConsoleState& state, JsonWriter& to);
 
 }  // namespace qv

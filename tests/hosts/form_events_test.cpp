@@ -155,7 +155,9 @@ TEST_F(FormEvents, AnotherEventIsNone) {
 
 TEST_F(FormEvents, TheFormIsWrittenWhole) {
   Do(R"({"do":"focus","control":"digits"})");
-  const auto value = boost::json::value(WriteForm(form, {}));
+  JsonWriter writer(0);
+  WriteForm(form, writer);
+  const boost::json::value value = boost::json::parse(writer.Take());
   EXPECT_EQ(value.at("name"), "frmSample");
   EXPECT_EQ(value.at("caption"), "Sample");
   EXPECT_EQ(value.at("height"), 0);
