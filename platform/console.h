@@ -32,6 +32,7 @@ struct ScopeItem {
 struct ListSubItem {
   std::string Key;
   std::string Text;
+  bool Emphasis = false;  // set off from its like, such as a value that isn't the default
 };
 
 // A row of the result pane. Column N shows sub-item N + 1 of the console's counting, which is SubItems[N] here.

@@ -22,6 +22,11 @@ std::string Display(const std::string& weight, std::string_view default_weight, 
   return used == kCertain ? certain_text : std::string(used);
 }
 
+// Whether a weight in the table says something else than the default.
+bool IsChanged(const std::string& weight, std::string_view default_weight) {
+  return !weight.empty() && weight != default_weight;
+}
+
 std::string SubItem(const ListItem& item, std::size_t number) {
   return number <= item.SubItems.size() ? item.SubItems[number - 1].Text : "";
 }
@@ -37,10 +42,12 @@ void LoadSpamItems(Run& run, ResultView& view) {
       const std::string key = "SYSFILTER-" + token;
       ListItem& item = view.ListView.ListItems.Add(key, token, kWeightIcon);
       item.Tag = key;
+      const std::string positive = WeightOf(weights, PositiveToken(token));
+      const std::string negative = WeightOf(weights, NegativeToken(token));
       item.SubItems = {
           {key + "1", std::string(Field(line, 2))},
-          {key + "2", Display(WeightOf(weights, PositiveToken(token)), Field(line, 3), "Always marked as spam")},
-          {key + "3", Display(WeightOf(weights, NegativeToken(token)), Field(line, 4), "Never marked as spam")}};
+          {key + "2", Display(positive, Field(line, 3), "Always marked as spam"), IsChanged(positive, Field(line, 3))},
+          {key + "3", Display(negative, Field(line, 4), "Never marked as spam"), IsChanged(negative, Field(line, 4))}};
     });
   });
 }

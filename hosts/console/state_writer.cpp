@@ -20,6 +20,17 @@ void WriteNode(const TreeNode& node, const TreeNode* selected, JsonWriter& to) {
   });
 }
 
+// The cells that are set off, where there are any.
+void WriteEmphasis(const ListItem& item, JsonWriter& to) {
+  const auto set_off = [](const ListSubItem& cell) { return cell.Emphasis; };
+  if (std::none_of(item.SubItems.begin(), item.SubItems.end(), set_off)) return;
+  to.Key("emphasis").Open('[');
+  for (std::size_t n = 0; n < item.SubItems.size(); ++n) {
+    if (set_off(item.SubItems[n])) to.Value(n);
+  }
+  to.Close(']');
+}
+
 void WriteItem(const ListItem& item, bool selected, JsonWriter& to) {
   to.Object([&] {
     to.Field("key", item.Key);
@@ -28,6 +39,7 @@ void WriteItem(const ListItem& item, bool selected, JsonWriter& to) {
     to.Field("icon", item.Icon);
     to.Array("cells", item.SubItems, [&to](const ListSubItem& cell) { to.Value(cell.Text); });
     to.Field("selected", selected);
+    WriteEmphasis(item, to);
   });
 }
 

@@ -47,6 +47,17 @@ TEST_F(SpamListTest, RowsHaveKeysTagIconAndSubItems) {
   EXPECT_EQ(row.SubItems[2].Text, "1");
 }
 
+TEST_F(SpamListTest, WeightsThatAreNotTheDefaultAreSetOff) {
+  files.Put("C:\\Config\\SPAMVAL.TAB", "[RBL]\t50\t7\r\n[NOSUBJECT]\t1000\t1");
+  Load();
+  std::string set_off;
+  for (const auto& item : view.ListView.ListItems.All()) {
+    for (const ListSubItem& cell : item->SubItems) set_off += cell.Emphasis ? '1' : '0';
+    set_off += ' ';
+  }
+  EXPECT_EQ(set_off, "001 010 000 ");
+}
+
 TEST_F(SpamListTest, WithoutValuesShowsTheDefaults) {
   const std::vector<std::string> expected = {"[RBL]|Sender is on a block list|50|0", "[NOSUBJECT]|No subject|10|1",
                                              "[TRUSTED]|Sender is trusted|0|Never marked as spam"};

@@ -10,6 +10,8 @@ export interface ListRow {
   key: string;
   icon: string;
   cells: string[];
+  // The cells that are set off from their like.
+  emphasis?: number[];
   selected: boolean;
   checked: boolean;
 }
@@ -19,7 +21,8 @@ export interface ListModel {
   label: string;
   // Without columns it is a plain list. Widths in pixels; the last column takes what is left. With `fit` the columns
   // share the list's own width in the ratio of theirs.
-  columns: { caption: string; width: number }[] | null;
+  // Numbers stand with their digits below each other.
+  columns: { caption: string; width: number; numeric?: boolean }[] | null;
   fit: boolean;
   sort: { column: number; descending: boolean } | null;
   rows: ListRow[];
@@ -395,8 +398,14 @@ export class QvList extends HTMLElement {
     >
       ${texts.map(
         (text, n) =>
-          html`<div class="cell" role=${grid ? "gridcell" : nothing} @pointerenter=${Overflow}>
-            ${n === 0 ? lead : nothing}<span class="words">${row ? text : "…"}</span>
+          html`<div
+            class=${classMap({ cell: true, numeric: columns?.[n]?.numeric ?? false })}
+            role=${grid ? "gridcell" : nothing}
+            @pointerenter=${Overflow}
+          >
+            ${n === 0 ? lead : nothing}${row?.emphasis?.includes(n)
+              ? html`<strong class="words">${text}</strong>`
+              : html`<span class="words">${row ? text : "…"}</span>`}
           </div>`,
       )}
     </div>`;

@@ -35,13 +35,14 @@ function Model(view: View, node: TreeNode, { session, PopUp }: PanePort): ListMo
   return {
     id: "pane",
     label: node.name,
-    columns: view.columns.length > 0 ? view.columns.map((c) => ({ ...c, width: Math.round(c.width * kScale) })) : null,
+    columns: view.columns.length > 0 ? view.columns.map((c) => ({ ...c, width: Math.round(c.width * kScale), numeric: c.key.startsWith("n") })) : null,
     fit: false,
     sort: view.sort,
     rows: view.items.map((item) => ({
       key: item.key,
       icon: item.icon,
       cells: CellsOf(item, view),
+      ...(item.emphasis ? { emphasis: item.emphasis } : {}),
       selected: item.selected,
       checked: false,
     })),

@@ -23,6 +23,8 @@ export interface Item {
   text: string;
   icon: string;
   cells: string[];
+  // The cells that are set off from their like, where there are any.
+  emphasis?: number[];
   selected: boolean;
 }
 
