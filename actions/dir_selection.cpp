@@ -75,7 +75,9 @@ void frmDirSelection::SetDir(const std::string& path) {
   std::string folder;
   for (const std::string& name : Split(path, "\\")) {
     if (name.empty()) continue;
-    folder = folder.empty() ? name + "\\" : Below(folder, name);
+    const bool drive = folder.empty();
+    folder = drive ? name : Below(folder, name);
+    if (drive) folder += '\\';
     paths_.push_back(folder);
     dirDir.AddItem(paths_.size() == 1 ? folder : name);
   }

@@ -19,7 +19,7 @@ struct ActionItem {
   bool at_servers;    // offered for system and postoffice filters
   bool at_mailboxes;  // offered for mailbox filters
   // A task of the type whose description is this one belongs here; empty for the item of all the others of the type.
-  std::string_view edits = "";
+  std::string_view edits = {};
 };
 
 // In the order of offering.
