@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -32,7 +33,6 @@ struct ScopeItem {
 struct ListSubItem {
   std::string Key;
   std::string Text;
-  bool Emphasis = false;  // set off from its like, such as a value that isn't the default
 };
 
 // A row of the result pane. Column N shows sub-item N + 1 of the console's counting, which is SubItems[N] here.
@@ -71,6 +71,7 @@ struct ListView {
   std::string Tag;
   std::vector<ListColumn> Columns;
   qv::ListItems ListItems;
+  std::set<std::string> Emphasis;  // keys of sub-items to set off, such as values that aren't the default
 };
 
 class ScopePaneItem;

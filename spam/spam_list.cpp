@@ -44,10 +44,11 @@ void LoadSpamItems(Run& run, ResultView& view) {
       item.Tag = key;
       const std::string positive = WeightOf(weights, PositiveToken(token));
       const std::string negative = WeightOf(weights, NegativeToken(token));
-      item.SubItems = {
-          {key + "1", std::string(Field(line, 2))},
-          {key + "2", Display(positive, Field(line, 3), "Always marked as spam"), IsChanged(positive, Field(line, 3))},
-          {key + "3", Display(negative, Field(line, 4), "Never marked as spam"), IsChanged(negative, Field(line, 4))}};
+      item.SubItems = {{key + "1", std::string(Field(line, 2))},
+                       {key + "2", Display(positive, Field(line, 3), "Always marked as spam")},
+                       {key + "3", Display(negative, Field(line, 4), "Never marked as spam")}};
+      if (IsChanged(positive, Field(line, 3))) view.ListView.Emphasis.insert(key + "2");
+      if (IsChanged(negative, Field(line, 4))) view.ListView.Emphasis.insert(key + "3");
     });
   });
 }

@@ -21,8 +21,9 @@ void WriteNode(const TreeNode& node, const TreeNode* selected, JsonWriter& to) {
 }
 
 // The cells that are set off, where there are any.
-void WriteEmphasis(const ListItem& item, JsonWriter& to) {
-  const auto set_off = [](const ListSubItem& cell) { return cell.Emphasis; };
+void WriteEmphasis(const ListItem& item, const ListView& list, JsonWriter& to) {
+  const auto set_off = [&list](const ListSubItem& cell) { return list.Emphasis.count(cell.Key) != 0; };
+  if (list.Emphasis.empty()) return;
   if (std::none_of(item.SubItems.begin(), item.SubItems.end(), set_off)) return;
   to.Key("emphasis").Open('[');
   for (std::size_t n = 0; n < item.SubItems.size(); ++n) {
@@ -31,7 +32,7 @@ void WriteEmphasis(const ListItem& item, JsonWriter& to) {
   to.Close(']');
 }
 
-void WriteItem(const ListItem& item, bool selected, JsonWriter& to) {
+void WriteItem(const ListItem& item, const ListView& list, bool selected, JsonWriter& to) {
   to.Object([&] {
     to.Field("key", item.Key);
     to.Field("tag", item.Tag);
@@ -39,7 +40,7 @@ void WriteItem(const ListItem& item, bool selected, JsonWriter& to) {
     to.Field("icon", item.Icon);
     to.Array("cells", item.SubItems, [&to](const ListSubItem& cell) { to.Value(cell.Text); });
     to.Field("selected", selected);
-    WriteEmphasis(item, to);
+    WriteEmphasis(item, list, to);
   });
 }
 
@@ -72,7 +73,7 @@ void WriteView(const ResultPane& pane, JsonWriter& to) {
     to.Field("total", shown.size());
     to.Field("offset", first);
     to.Key("items").Open('[');
-    for (std::size_t n = first; n < last; ++n) WriteItem(*shown[n], pane.IsSelected(*shown[n]), to);
+    for (std::size_t n = first; n < last; ++n) WriteItem(*shown[n], list, pane.IsSelected(*shown[n]), to);
     to.Close(']');
   });
 }
