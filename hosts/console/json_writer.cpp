@@ -1,6 +1,19 @@
 #include "hosts/console/json_writer.h"
 
+#include <array>
+
 namespace qv {
+
+namespace {
+
+constexpr std::array<bool, 256> kEscaped = [] {
+  std::array<bool, 256> escaped{};
+  for (std::size_t c = 0; c < 0x20; ++c) escaped[c] = true;
+  escaped['"'] = escaped['\\'] = true;
+  return escaped;
+}();
+
+}  // namespace
 
 void JsonWriter::Value(std::string_view text) {
   static constexpr char kDigits[] = "0123456789abcdef";
@@ -9,7 +22,7 @@ void JsonWriter::Value(std::string_view text) {
   std::size_t plain = 0;  // where the stretch begins that needs no escaping
   for (std::size_t at = 0; at < text.size(); ++at) {
     const auto c = static_cast<unsigned char>(text[at]);
-    if (c >= 0x20 && c != '"' && c != '\\') continue;
+    if (!kEscaped[c]) continue;
     text_.append(text, plain, at - plain);
     plain = at + 1;
     text_ += '\\';
