@@ -34,6 +34,17 @@ function Button(form: Form, which: "default" | "cancel"): Control | undefined {
   return form.controls.find((c) => c.kind === "button" && c[which] && c.visible && c.enabled);
 }
 
+// The button that moves the rows of the list that has the focus: the one in the same frame. The moving buttons have
+// the focus themselves once they were used.
+function MoveButton(target: HTMLElement, form: Form, picture: "up" | "down"): Control | undefined {
+  const name = target.closest<HTMLElement>("[data-control]")?.dataset.control;
+  const from = form.controls.find((c) => c.name === name);
+  if (!from || (from.kind !== "listview" && !(from.kind === "button" && from.picture))) return undefined;
+  return form.controls.find(
+    (c) => c.kind === "button" && c.picture === picture && c.parent === from.parent && c.visible && c.enabled,
+  );
+}
+
 // Alt and a letter: presses a button, turns a box over, or brings the focus to what a label or a frame names.
 function Access(root: ParentNode, form: Form, letter: string, port: FormPort): boolean {
   const meant = form.controls.find((c) => "caption" in c && c.visible && c.enabled && AccessKey(c.caption) === letter);
@@ -63,6 +74,10 @@ function FormKey(event: KeyboardEvent, form: Form, port: FormPort, after: () => 
   } else if (event.key === "Enter" && !event.altKey && !event.ctrlKey) {
     if (target.matches("textarea, button, qv-code")) return false;
     const button = Button(form, "default");
+    if (!button) return false;
+    port.Command({ do: "click", control: button.name });
+  } else if (event.altKey && (event.key === "ArrowUp" || event.key === "ArrowDown")) {
+    const button = MoveButton(target, form, event.key === "ArrowUp" ? "up" : "down");
     if (!button) return false;
     port.Command({ do: "click", control: button.name });
   } else if (letter && Access(root, form, letter, port)) {
