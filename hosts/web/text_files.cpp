@@ -1,11 +1,11 @@
 #include "hosts/web/text_files.h"
 
-#include <algorithm>
 #include <boost/json.hpp>
 #include <cstdint>
 #include <cstdio>
 #include <optional>
 
+#include "desktop/code_page.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
@@ -18,16 +18,7 @@ constexpr std::size_t kLargest = 512 << 10;  // bytes of UTF-8, so that the text
 constexpr std::size_t kStack = 512 << 10;
 constexpr long kFileNotFound = 53, kPastEnd = 62, kPathNotFound = 76;
 
-// What code page 1252 holds between 80 and 9F hexadecimal. The five positions that it leaves open stand for themselves.
-constexpr char32_t kUpperControls[] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                       0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
-                                       0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                       0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
-
-bool InCodePage(char32_t c) {
-  return c < 0x80 || (c >= 0xA0 && c <= 0xFF) ||
-         std::find(std::begin(kUpperControls), std::end(kUpperControls), c) != std::end(kUpperControls);
-}
+bool InCodePage(char32_t c) { return c < 0x80 || ToCodePage(FromCharacters(std::u32string_view(&c, 1))) != "?"; }
 
 struct Refused {
   std::string why;
