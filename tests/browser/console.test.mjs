@@ -153,6 +153,22 @@ test("the context menu by keyboard, and away with Esc", async (t) => {
   assert.deepEqual(c.told[1], { do: "verb", name: "refresh" });
 });
 
+test("a context menu asked for at the moment another closes", async (t) => {
+  const { page } = await Open(t);
+  await Row(page, "Newsletters").click();
+  await page.keyboard.press("Shift+F10");
+  const menu = page.getByRole("menu");
+  await menu.waitFor();
+  await page.evaluate(() => {
+    document.querySelector("[role=menu]").hidePopover();
+    document.activeElement.dispatchEvent(new KeyboardEvent("keydown", { key: "ContextMenu", bubbles: true, cancelable: true }));
+  });
+  await page.waitForTimeout(50);
+  await menu.waitFor();
+  await page.keyboard.press("Escape");
+  await menu.waitFor({ state: "hidden" });
+});
+
 test("the menu of a node", async (t) => {
   const { page, console: c } = await Open(t);
   await page.locator(".node", { hasText: "Spam" }).click({ button: "right" });

@@ -1,4 +1,5 @@
 import { html, nothing, render, type TemplateResult } from "lit/html.js";
+import { keyed } from "lit/directives/keyed.js";
 import { repeat } from "lit/directives/repeat.js";
 import { Connection } from "./connection.ts";
 import { Dragging } from "./drag.ts";
@@ -194,17 +195,21 @@ class App {
               </nav>
               ${this.Splitter()} ${Pane(state, { session: this.session, PopUp: (on, x, y) => this.PopUp(on, x, y) })}`
           : nothing}
-      ${state && this.session.popup?.id === -1
-        ? PopupMenu(this.session, this.session.popup.on, this.menuAt.x, this.menuAt.y, () => this.MenuClosed())
-        : nothing}
+      ${state ? this.Popup() : nothing}
       </main>
       ${covered ? nothing : this.NoticeBox()}
     </div>`;
   }
 
-  private MenuClosed(): void {
-    this.session.popup = null;
-    this.Schedule();
+  // The browser tells late that a menu has closed: by then the next one may have been asked for, and it stays.
+  private Popup(): unknown {
+    const { popup } = this.session;
+    if (popup?.id !== -1) return nothing;
+    const Closed = (): void => {
+      if (this.session.popup === popup) this.session.popup = null;
+      this.Schedule();
+    };
+    return keyed(popup, PopupMenu(this.session, popup.on, this.menuAt.x, this.menuAt.y, Closed));
   }
 
   private Resumed(): TemplateResult {
