@@ -11,7 +11,8 @@
 #include <functional>
 
 #include "desktop/code_page.h"
-#include "platform/runtime_error.h"
+#include "desktop/file_errors.h"
+#include "desktop/replace_file.h"
 #include "platform/text.h"
 
 namespace qv {
@@ -20,47 +21,6 @@ namespace {
 
 constexpr const char* kKey = R"(SOFTWARE\Quillvane\Quillvane)";
 constexpr const char* kValueName = "Configuration Directory";
-
-[[noreturn]] void Raise(long number) {
-  switch (number) {
-    case 52:
-      throw RuntimeError(number, "Bad file name or number");
-    case 53:
-      throw RuntimeError(number, "File not found");
-    case 58:
-      throw RuntimeError(number, "File already exists");
-    case 61:
-      throw RuntimeError(number, "Disk full");
-    case 62:
-      throw RuntimeError(number, "Input past end of file");
-    case 70:
-      throw RuntimeError(number, "Permission denied");
-    case 76:
-      throw RuntimeError(number, "Path not found");
-    default:
-      throw RuntimeError(57, "Device I/O error");
-  }
-}
-
-[[noreturn]] void RaiseErrno(int error) {
-  switch (error) {
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-      Raise(61);
-    case ENOENT:
-    case ENOTDIR:
-      Raise(76);
-    case ENAMETOOLONG:
-      Raise(52);
-    case EEXIST:
-      Raise(58);
-    case EIO:
-      Raise(57);
-    default:
-      Raise(70);
-  }
-}
 
 // Whether a name of a path may stand for an entry of a folder.
 bool Usable(const std::string& name) {
@@ -109,23 +69,12 @@ std::string NameOnDisk(int folder, const std::string& wanted) {
 FileHandle OpenRegular(int folder, const std::string& name, int flags) {
   FileHandle file(::openat(folder, name.c_str(), flags | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (!file) {
-    if (errno == ENOENT) Raise(53);
-    Raise(70);
+    if (errno == ENOENT) RaiseFileError(53);
+    RaiseFileError(70);
   }
   struct stat opened {};
-  if (::fstat(file.number(), &opened) != 0 || !S_ISREG(opened.st_mode)) Raise(53);
+  if (::fstat(file.number(), &opened) != 0 || !S_ISREG(opened.st_mode)) RaiseFileError(53);
   return file;
-}
-
-void WriteAllTo(int file, const std::string& bytes) {
-  for (std::size_t written = 0; written < bytes.size();) {
-    const ssize_t count = ::write(file, bytes.data() + written, bytes.size() - written);
-    if (count < 0) {
-      if (errno == EINTR) continue;
-      RaiseErrno(errno);
-    }
-    written += static_cast<std::size_t>(count);
-  }
 }
 
 }  // namespace
@@ -186,7 +135,7 @@ bool DesktopFiles::FolderExists(const std::string& path) {
 std::vector<std::string> DesktopFiles::FileNames(const std::string& folder) {
   const Parts parts = Take(folder);
   const FileHandle opened = OpenFolder(parts, parts.names.size());
-  if (!opened) Raise(76);
+  if (!opened) RaiseFileError(76);
   std::vector<std::string> names;
   ForEachName(opened.number(), [&](const std::string& name) {
     if (Usable(name) && EntryAt(opened.number(), name) == Entry::File) names.push_back(name);
@@ -200,7 +149,7 @@ std::vector<std::string> DesktopFiles::FileNames(const std::string& folder) {
 
 std::string DesktopFiles::ReadAll(const std::string& path) {
   const Place place = Find(Take(path));
-  if (!place.folder || EntryAt(place.folder.number(), place.name) != Entry::File) Raise(53);
+  if (!place.folder || EntryAt(place.folder.number(), place.name) != Entry::File) RaiseFileError(53);
   const FileHandle file = OpenRegular(place.folder.number(), place.name, O_RDONLY);
   std::string bytes;
   char buffer[65536];
@@ -211,50 +160,45 @@ std::string DesktopFiles::ReadAll(const std::string& path) {
     if (count == 0) break;
     bytes.append(buffer, static_cast<std::size_t>(count));
   }
-  if (bytes.empty()) Raise(62);
+  if (bytes.empty()) RaiseFileError(62);
   return FromCodePage(bytes);
 }
 
 void DesktopFiles::Write(const std::string& path, const std::string& text) {
   const Parts parts = Take(path);
-  if (parts.kind == Parts::Kind::BadName) Raise(52);
+  if (parts.kind == Parts::Kind::BadName) RaiseFileError(52);
   const Place place = Find(parts);
-  if (!place.folder) Raise(76);
+  if (!place.folder) RaiseFileError(76);
   const int folder = place.folder.number();
-  FileHandle file;
   switch (EntryAt(folder, place.name)) {
     case Entry::None:
-      file =
-          FileHandle(::openat(folder, place.name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
-      if (!file) RaiseErrno(errno);
       break;
     case Entry::File:
-      file = OpenRegular(folder, place.name, O_WRONLY);
-      if (::ftruncate(file.number(), 0) != 0) RaiseErrno(errno);
+      OpenRegular(folder, place.name, O_WRONLY);  // raises where the file may not be written
       break;
     case Entry::Folder:
     case Entry::Other:
-      Raise(70);
+      RaiseFileError(70);
   }
-  WriteAllTo(file.number(), ToCodePage(text));
+  ReplaceFile(folder, place.name, ToCodePage(text));
 }
 
 void DesktopFiles::Delete(const std::string& path) {
   const Place place = Find(Take(path));
-  if (!place.folder || EntryAt(place.folder.number(), place.name) != Entry::File) Raise(53);
+  if (!place.folder || EntryAt(place.folder.number(), place.name) != Entry::File) RaiseFileError(53);
   if (::unlinkat(place.folder.number(), place.name.c_str(), 0) == 0) return;
-  if (errno == ENOENT) Raise(53);
+  if (errno == ENOENT) RaiseFileError(53);
   RaiseErrno(errno);
 }
 
 void DesktopFiles::Rename(const std::string& from, const std::string& to) {
   const Place source = Find(Take(from));
-  if (!source.folder || EntryAt(source.folder.number(), source.name) != Entry::File) Raise(53);
+  if (!source.folder || EntryAt(source.folder.number(), source.name) != Entry::File) RaiseFileError(53);
   const Parts parts = Take(to);
-  if (parts.kind == Parts::Kind::BadName) Raise(52);
+  if (parts.kind == Parts::Kind::BadName) RaiseFileError(52);
   const Place target = Find(parts);
-  if (!target.folder) Raise(76);
-  if (EntryAt(target.folder.number(), target.name) != Entry::None) Raise(58);
+  if (!target.folder) RaiseFileError(76);
+  if (EntryAt(target.folder.number(), target.name) != Entry::None) RaiseFileError(58);
   if (::renameat2(source.folder.number(), source.name.c_str(), target.folder.number(), target.name.c_str(),
                   RENAME_NOREPLACE) == 0) {
     return;

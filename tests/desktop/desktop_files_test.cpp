@@ -8,6 +8,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -49,6 +50,12 @@ class DesktopFilesTest : public testing::Test {
   static std::string Bytes(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(file), {});
+  }
+  static std::vector<std::string> NamesIn(const fs::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
   }
   std::string Path(const std::string& below) const { return root.string() + below; }
 
@@ -288,6 +295,41 @@ TEST_F(DesktopFilesTest, AFullDisk) {
   EXPECT_EXIT(WriteWithLimit(files, Path(R"(\x.txt)")), testing::ExitedWithCode(0), "61 Disk full");
 }
 
+TEST_F(DesktopFilesTest, AFullDiskLeavesTheOldTextAndNothingElse) {
+  files.Write(Path(R"(\Filters\x.txt)"), "the old text");
+  EXPECT_EXIT(WriteWithLimit(files, Path(R"(\Filters\x.txt)")), testing::ExitedWithCode(0), "61 Disk full");
+  EXPECT_EQ(Bytes(root / "Filters/x.txt"), "the old text");
+  EXPECT_THAT(NamesIn(root / "Filters"), ElementsAre("Criteria", "x.txt"));
+}
+
+TEST_F(DesktopFilesTest, AReplacedFileKeepsItsRightsAndOwner) {
+  Put(root / "Filters/x.txt", "old");
+  ::chmod((root / "Filters/x.txt").c_str(), 0640);
+  if (::geteuid() == 0) {
+    ASSERT_EQ(::chown((root / "Filters/x.txt").c_str(), 65534, 65534), 0);
+  }
+  struct stat before {
+  }, after{};
+  ASSERT_EQ(::stat((root / "Filters/x.txt").c_str(), &before), 0);
+  files.Write(Path(R"(\Filters\x.txt)"), "new");
+  ASSERT_EQ(::stat((root / "Filters/x.txt").c_str(), &after), 0);
+  EXPECT_EQ(Bytes(root / "Filters/x.txt"), "new");
+  EXPECT_EQ(after.st_mode, before.st_mode);
+  EXPECT_EQ(after.st_uid, before.st_uid);
+  EXPECT_EQ(after.st_gid, before.st_gid);
+}
+
+// Whoever has the old file open goes on reading the old text.
+TEST_F(DesktopFilesTest, AReaderNeverSeesHalfAText) {
+  files.Write(Path(R"(\Filters\x.txt)"), "the old text");
+  std::ifstream reader(root / "Filters/x.txt");
+  files.Write(Path(R"(\Filters\x.txt)"), "new");
+  std::string text;
+  std::getline(reader, text);
+  EXPECT_EQ(text, "the old text");
+  EXPECT_EQ(Bytes(root / "Filters/x.txt"), "new");
+}
+
 [[noreturn]] void WriteAsNobody(DesktopFiles& files, const std::string& path) {
   if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) ::_exit(3);
   std::string numbers;
@@ -313,6 +355,22 @@ TEST_F(DesktopFilesTest, DeniedPermission) {
   ::chmod((root / "Filters/there.txt").c_str(), 0000);
   ::chmod((root / "Filters").c_str(), 0555);
   EXPECT_EXIT(WriteAsNobody(files, root.string()), testing::ExitedWithCode(0), "70 70 70 70 70 ");
+  ::chmod((root / "Filters").c_str(), 0755);
+}
+
+[[noreturn]] void WriteOneAsNobody(DesktopFiles& files, const std::string& path) {
+  if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) ::_exit(3);
+  files.Write(path, "in place");
+  ::_exit(0);
+}
+
+TEST_F(DesktopFilesTest, AFileThatMayBeWrittenInAFolderThatMayNot) {
+  ::chmod(directory.path().c_str(), 0755);
+  Put(root / "Filters/there.txt", "some longer text");
+  ::chmod((root / "Filters/there.txt").c_str(), 0666);
+  ::chmod((root / "Filters").c_str(), 0555);
+  EXPECT_EXIT(WriteOneAsNobody(files, Path(R"(\Filters\there.txt)")), testing::ExitedWithCode(0), "");
+  EXPECT_EQ(Bytes(root / "Filters/there.txt"), "in place");
   ::chmod((root / "Filters").c_str(), 0755);
 }
 
