@@ -119,7 +119,7 @@ std::string GetRegistryString(Run& run, std::string_view key, std::string_view v
 }
 
 std::string GetConfigurationDirectory(Run& run, const std::string& /*host*/) {
-  return GetRegistryString(run, keys::kConfiguration, "Configuration Directory");
+  return GetRegistryString(run, keys::kConfiguration, kConfigurationDirectory);
 }
 
 void SignalFilterReload(Run& run) { SetMachineValue(run, keys::kReload, "Reload", "1", RegistryKind::Word); }

@@ -19,6 +19,9 @@ inline constexpr std::string_view kPostofficeConnector = R"(SOFTWARE\quillvane\q
 inline constexpr std::string_view kProduct = R"(SOFTWARE\quillvane\quillvane)";
 }  // namespace keys
 
+// The value of keys::kConfiguration that holds the root of all files of the system.
+inline constexpr const char* kConfigurationDirectory = "Configuration Directory";
+
 // Whether the host is another machine: neither empty nor any case of "LOCALHOST".
 bool IsRemoteHost(const std::string& host);
 

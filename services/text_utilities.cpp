@@ -1,6 +1,7 @@
 #include "services/text_utilities.h"
 
 #include <charconv>
+#include <limits>
 #include <string>
 
 #include "platform/text.h"
@@ -34,7 +35,8 @@ class NumberReader {
     if (!ReadClosing()) return std::nullopt;
     double value = 0;
     const auto [end, error] = std::from_chars(digits_.data(), digits_.data() + digits_.size(), value);
-    if (error != std::errc() || end != digits_.data() + digits_.size()) return std::nullopt;
+    if (error == std::errc::result_out_of_range && !OutOfRange(value)) return std::nullopt;
+    if (end != digits_.data() + digits_.size()) return std::nullopt;
     return negative_ ? -value : value;
   }
 
@@ -157,6 +159,15 @@ class NumberReader {
       }
       rest_.remove_prefix(1);
     }
+  }
+
+  // The value of digits that no floating-point number reaches: beyond all numbers, or 0. False for those with an
+  // exponent, which are no number.
+  bool OutOfRange(double& value) const {
+    if (digits_.find('e') != std::string::npos) return false;
+    const bool below_one = digits_[digits_.find_first_not_of('0')] == '.';
+    value = below_one ? 0 : std::numeric_limits<double>::infinity();
+    return true;
   }
 
   std::string_view rest_;

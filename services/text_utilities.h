@@ -11,7 +11,7 @@ namespace qv {
 
 // The value of a text that reads as a number as the desktop's runtime reads one, or nothing: blanks at the ends, a sign
 // on either side or parentheses, a currency sign, thousands separators, a decimal point, an exponent after E or D, or
-// &H and &O digits.
+// &H and &O digits. Digits without an exponent are a number however many they are, infinity where they are too many.
 std::optional<double> NumericValue(std::string_view text);
 bool IsNumeric(std::string_view text);
 

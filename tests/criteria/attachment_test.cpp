@@ -216,6 +216,27 @@ TEST_F(Attachment, DeleteMovesTheSelection) {
   EXPECT_EQ(Row("9").Status, 0);
 }
 
+TEST_F(Attachment, NothingOfAnOpeningThatWasCancelledIsLeft) {
+  for (int opening = 0; opening < 2; ++opening) {
+    With("a", [](Form& form) {
+      EXPECT_TRUE(Ticked(form));
+      EXPECT_TRUE(IsOn(form, "chkStatus"));
+      EXPECT_FALSE(IsOn(form, "CmdEdit"));
+      EXPECT_EQ(TextOf(form, "txtWords"), "");
+      EXPECT_EQ(Items(form, "lstWords"), Texts({"a"}));
+      Person person(form);
+      person.Pick("lstWords", 0);
+      person.Click("CmdDelete");
+      person.Pick("lstWords", -1);
+      person.Set("txtWords", "left behind");
+      EXPECT_FALSE(IsOn(form, "chkStatus"));
+      EXPECT_TRUE(IsOn(form, "CmdEdit"));
+      person.Click("cmdCancel");
+    });
+  }
+  EXPECT_EQ(Row("9").Values, "a");
+}
+
 TEST_F(Attachment, AnEnabledRowMayBeEmpty) {
   EXPECT_EQ(With("", [](Form& form) { Person(form).Click("cmdOK"); }), 1);
   EXPECT_EQ(Row("9").Values, "");

@@ -89,6 +89,24 @@ TEST_F(FieldDialogs, WhatADisabledFieldHeldCountsWhenItIsTicked) {
   EXPECT_EQ(desktop.messages, std::vector{Warn("You need to enter a size.")});
 }
 
+TEST_F(FieldDialogs, ARowThatCannotBeLoadedTakesWhatIsTyped) {
+  const std::pair<const char*, const char*> fields[] = {{"8", "txtSize"}, {"13", "txtProb"}, {"18", "txtIP"}};
+  for (const auto& [rule, field] : fields) {
+    // What the last row left in the shared dialog is gone.
+    Put(rule, 0, "77");
+    Open(rule, [](Form& form) { Person(form).Click("cmdCancel"); });
+    store.server().criteria.clear();
+    Open(rule, [name = std::string(field)](Form& form) {
+      EXPECT_EQ(TextOf(form, name), "");
+      EXPECT_TRUE(IsOn(form, name));
+      EXPECT_EQ(Get<TextBox>(form, name).Back(), BackColor::Window);
+      Person(form).Set(name, "not valid");
+      Person(form).Click("cmdOK");
+    });
+    EXPECT_EQ(store.calls.back(), "Criteria.EditCriteria@(" + std::string(rule) + ",0,,,,not valid,0)");
+  }
+}
+
 TEST_F(FieldDialogs, TheTabKeySelectsTheWholeText) {
   const std::pair<const char*, const char*> fields[] = {{"8", "txtSize"}, {"13", "txtProb"}, {"18", "txtIP"}};
   for (const auto& [rule, field] : fields) {
@@ -120,6 +138,14 @@ TEST_F(FieldDialogs, SizeTakesAnyNumericText) {
     EXPECT_TRUE(Saves("8", "txtSize", text)) << text;
   }
   EXPECT_TRUE(desktop.messages.empty());
+}
+
+TEST_F(FieldDialogs, DigitsHaveNoMaximumNumber) {
+  EXPECT_TRUE(Saves("8", "txtSize", std::string(5000, '9')));
+  EXPECT_FALSE(Saves("13", "txtProb", std::string(5000, '9')));
+  EXPECT_EQ(desktop.TakeMessages(), std::vector{Warn("You need to enter a probability less than 100%.")});
+  EXPECT_FALSE(Saves("13", "txtProb", "0." + std::string(5000, '0') + "1"));
+  EXPECT_EQ(desktop.TakeMessages(), std::vector{Warn("You need to enter a probability greater than zero.")});
 }
 
 TEST_F(FieldDialogs, SizeWarnsOfAnythingElse) {

@@ -8,10 +8,10 @@
 namespace qv::test {
 namespace {
 
-// A criteria object that tells its fields at each operation.
+// A criteria object that tells its fields at each operation, and fills them whatever GetCriteria answers.
 class ToldCriteria : public Criteria {
  public:
-  explicit ToldCriteria(Texts& told) : told_(told) {}
+  ToldCriteria(Texts& told, int answer) : told_(told), answer_(answer) {}
   void SetHost() override { Tell("SetHost"); }
   int GetCriteria() override {
     Tell("GetCriteria");
@@ -22,7 +22,7 @@ class ToldCriteria : public Criteria {
     CriteriaType = "type read";
     Description = "description read";
     Frequency = 9;
-    return 1;
+    return answer_;
   }
   int EditCriteria(const std::string& rule_id, int status, const std::string& unused, const std::string& criteria_type,
                    const std::string& description, const std::string& values, int frequency) override {
@@ -42,6 +42,7 @@ class ToldCriteria : public Criteria {
                     "|" + Postoffice + "|" + Mailbox);
   }
   Texts& told_;
+  int answer_;
 };
 
 // Two postoffices.
@@ -67,9 +68,10 @@ class ToldPostoffice : public Postoffice {
 
 struct ToldStore : MemoryStore {
   Texts told;
+  int answer = 1;  // of GetCriteria
   std::unique_ptr<Criteria> CreateCriteria() override {
     told.push_back("Create");
-    return std::make_unique<ToldCriteria>(told);
+    return std::make_unique<ToldCriteria>(told, answer);
   }
   std::unique_ptr<Postoffice> CreatePostoffice() override {
     told.push_back("CreatePostoffice");
@@ -106,6 +108,30 @@ TEST_F(StoreTemplate, OfTheImportanceDialog) {
   EXPECT_EQ(told_store.told, Texts({"Create", "SetHost ||||-1|||-1||", "GetCriteria |id|6||-1|||-1|p|m",  //
                                     "Create", "SetHost ||||-1|||-1||", "EditCriteria |id read|rule read||-1|||-1|p|m",
                                     "rule read|1||type read|description read|Low|0"}));
+}
+
+TEST_F(StoreTemplate, TakesTheFieldsOfARowThatIsNotFoundToo) {
+  told_store.answer = 0;
+  auto& dialog = told_run.The<frmCriteriaContainsVirus>();
+  dialog.CriteriaID = "id";
+  dialog.RuleID = "15";
+  desktop.Visit([](Form& form) {
+    EXPECT_EQ(form.Caption(), "Contains Virus");
+    EXPECT_FALSE(Ticked(form));
+    Person(form).Click("cmdOK");
+  });
+  EXPECT_EQ(dialog.SetCriteria(), 2);
+  EXPECT_EQ(desktop.TakeMessages(), (std::vector<ShownMessage>{{"Could not load", "Error", MessageIcon::Critical}}));
+  EXPECT_EQ(told_store.told.back(), "rule read|0||type read|description read|values read|0");
+
+  // This one shows what it took, without a word.
+  desktop.Visit([](Form& form) {
+    EXPECT_TRUE(Ticked(form));
+    Person(form).Click("cmdOK");
+  });
+  EXPECT_EQ(told_run.The<frmCriteriaImportance>().SetImportance("id", "6", "p", "m"), 1);
+  EXPECT_TRUE(desktop.messages.empty());
+  EXPECT_EQ(told_store.told.back(), "rule read|1||type read|description read|Low|0");
 }
 
 // Account | Name | Status.

@@ -50,6 +50,40 @@ TEST_F(WordList, ANewRowHasNoOptionAndEverythingOnButDelete) {
   });
 }
 
+TEST_F(WordList, ARowThatCannotBeLoadedOpensAsANewOne) {
+  PutPattern("QVFILTER-a.txt");
+  Open("1", [this](Form& form) {
+    EXPECT_EQ(desktop.TakeMessages(), (std::vector<ShownMessage>{{"Could not load", "Error", MessageIcon::Critical}}));
+    EXPECT_FALSE(Get<OptionButton>(form, "optUseWordList").Checked());
+    EXPECT_FALSE(Get<OptionButton>(form, "optUseExternal").Checked());
+    EXPECT_EQ(Items(form, "cboPattern"), Texts({"a"}));
+    Person(form).Set("txtWords", "word");
+    Person(form).Click("CmdAdd");
+    Person(form).Click("cmdOK");
+  });
+  EXPECT_EQ(desktop.TakeMessages(), std::vector{kNotUpdated});
+  EXPECT_EQ(store.calls.back(), "Criteria.EditCriteria@(1,0,,,,,0)");
+}
+
+TEST_F(WordList, NothingOfAnOpeningThatWasCancelledIsLeft) {
+  for (int opening = 0; opening < 2; ++opening) {
+    With("a", [](Form& form) {
+      EXPECT_TRUE(Ticked(form));
+      EXPECT_TRUE(IsOn(form, "chkStatus"));
+      EXPECT_TRUE(IsOn(form, "CmdDelete"));
+      EXPECT_EQ(TextOf(form, "txtWords"), "");
+      EXPECT_EQ(Items(form, "lstWords"), Texts({"a"}));
+      Person person(form);
+      person.Pick("lstWords", 0);
+      person.Click("CmdDelete");
+      person.Set("txtWords", "left behind");
+      EXPECT_FALSE(IsOn(form, "chkStatus"));
+      person.Click("cmdCancel");
+    });
+  }
+  EXPECT_EQ(Row("1").Values, "a");
+}
+
 TEST_F(WordList, AStoredListIsShownAsItIs) {
   With("b, a ,,a,*x y*,", [](Form& form) {
     EXPECT_TRUE(Get<OptionButton>(form, "optUseWordList").Checked());

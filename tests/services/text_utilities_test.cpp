@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -72,6 +73,18 @@ TEST(NumericText, RefusesWhatTheDesktopRefuses) {
     EXPECT_FALSE(IsNumeric(text)) << text;
     EXPECT_FALSE(NumericValue(text)) << text;
   }
+}
+
+TEST(NumericText, PlainDigitsAreANumberHoweverMany) {
+  const std::string nines(400, '9'), zeros(400, '0');
+  EXPECT_EQ(NumericValue(nines), std::numeric_limits<double>::infinity());
+  EXPECT_EQ(NumericValue("-" + nines + ".5"), -std::numeric_limits<double>::infinity());
+  EXPECT_EQ(NumericValue(zeros + "7"), 7);
+  EXPECT_EQ(NumericValue("0." + zeros + "1"), 0);
+  EXPECT_EQ(NumericValue("." + zeros + "1"), 0);
+  EXPECT_EQ(NumericValue(zeros + "." + zeros + "1"), 0);
+  EXPECT_FALSE(IsNumeric(nines + "x"));
+  EXPECT_FALSE(IsNumeric("1e-400"));
 }
 
 RC_GTEST_PROP(NumericText, EveryWholeNumberIsItself, (int number)) {
