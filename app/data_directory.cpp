@@ -6,6 +6,7 @@
 
 #include "app/commands.h"
 #include "platform/text.h"
+#include "services/server_context.h"
 #include "store/database.h"
 #include "store/registry_values.h"
 
@@ -19,7 +20,7 @@ CLI::Option* AddDataOption(CLI::App& command, std::string& directory) {
 
 fs::path ConfigurationDirectory(Database& database) {
   const std::optional<RegistryValue> value =
-      ReadRegistryValue(database, R"(SOFTWARE\Quillvane\Quillvane)", "Configuration Directory");
+      ReadRegistryValue(database, std::string(keys::kConfiguration), kConfigurationDirectory);
   if (!value || value->kind != RegistryKind::String || !StartsWith(value->text, "/")) {
     throw Refusal("the registry value \"Configuration Directory\" names no directory");
   }
@@ -78,8 +79,7 @@ std::size_t FilesBelow(const fs::path& folder) {
   return files;
 }
 
-void RemoveFolder(const fs::path& folder, bool with_files) {
-  if (!with_files && FilesBelow(folder) > 0) throw Refusal("the folder '" + folder.string() + "' holds files");
+void RemoveFolder(const fs::path& folder) {
   std::error_code error;
   fs::remove_all(folder, error);
   if (error) throw Refusal("the folder '" + folder.string() + "' can't be removed: " + error.message());

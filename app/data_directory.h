@@ -20,8 +20,8 @@ CLI::Option* AddDataOption(CLI::App& command, std::string& directory);
 // path of this platform.
 std::filesystem::path ConfigurationDirectory(Database& database);
 
-// Raises Refusal when a name can't be the name of a folder: empty, too long, with separators, dots at its start, blanks
-// at its ends or control characters. `what` says what it is the name of.
+// Raises Refusal when a name can't be the name of a folder: empty, too long, with separators, wildcards or control
+// characters, or with a dot or a blank at an end. `what` says what it is the name of.
 void CheckName(const std::string& what, const std::string& name);
 
 // The one of some names that equals a name without regard to case; empty when there is none.
@@ -32,9 +32,8 @@ std::filesystem::path EntryOf(const std::filesystem::path& folder, const std::st
 
 // Makes a folder and those above it; one that is there already is fine. Raises Refusal.
 void MakeFolder(const std::filesystem::path& folder);
-// Removes a folder that holds no files, with the folders in it. One that isn't there is fine. Raises Refusal when
-// there are files, unless they are to go with it.
-void RemoveFolder(const std::filesystem::path& folder, bool with_files);
+// Removes a folder with all that is in it. One that isn't there is fine. Raises Refusal.
+void RemoveFolder(const std::filesystem::path& folder);
 // The number of files in a folder and those below it.
 std::size_t FilesBelow(const std::filesystem::path& folder);
 

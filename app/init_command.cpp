@@ -9,6 +9,7 @@
 #include "app/data_directory.h"
 #include "desktop/code_page.h"
 #include "platform/text.h"
+#include "services/server_context.h"
 #include "store/database.h"
 #include "store/demo/demo_server.h"
 #include "store/exchange.h"
@@ -46,7 +47,7 @@ void Fill(const fs::path& database_file, const fs::path& configuration, const In
   Database::Create(database_file);
   Database database(database_file);
   if (options.demo) FillDemo(database, configuration, options.variant);
-  WriteRegistryValue(database, R"(SOFTWARE\Quillvane\Quillvane)", "Configuration Directory",
+  WriteRegistryValue(database, std::string(keys::kConfiguration), kConfigurationDirectory,
                      {RegistryKind::String, 0, configuration.string()});
 }
 

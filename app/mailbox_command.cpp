@@ -57,7 +57,7 @@ void Remove(const MailboxOptions& options) {
     throw Refusal("the mailbox '" + name + "' has " + what + "; --force removes it with all of them");
   }
   RemoveMailbox(database, postoffice, name);
-  RemoveFolder(folder, true);
+  RemoveFolder(folder);
   std::cout << "Removed the mailbox '" << name << "' of '" << postoffice << "' with " << what << ".\n";
 }
 

@@ -44,7 +44,7 @@ void Remove(const PostofficeOptions& options) {
     throw Refusal("the postoffice '" + name + "' has " + what + "; --force removes it with all of them");
   }
   RemovePostoffice(database, name);
-  RemoveFolder(folder, true);
+  RemoveFolder(folder);
   std::cout << "Removed the postoffice '" << name << "' with " << what << ".\n";
 }
 

@@ -15,7 +15,7 @@ class frmFilters : public Form {
   Layout Arrange() const override;
   Size size() const override { return Size::Medium; }
 
-  RowList lvwFilters{*this, "lvwFilters", {{"", "Filter Name", 3598}, {"", "Status", 2540}}};
+  RowList lvwFilters{*this, "lvwFilters", FilterOrderList::Columns()};
   Button cmdUp{*this, "cmdUp", Button::Picture::Up, "Move filter up"};
   Button cmdDown{*this, "cmdDown", Button::Picture::Down, "Move filter down"};
   Button cmdCancel{*this, "cmdCancel", "Close", Button::Role::Cancel};

@@ -5,6 +5,8 @@
 
 namespace qv {
 
+std::vector<RowList::Column> FilterOrderList::Columns() { return {{"", "Filter Name", 3598}, {"", "Status", 2540}}; }
+
 FilterOrderList::FilterOrderList(Run& run, const Controls& controls) : run_(run), controls_(controls) {
   controls_.cmdUp.Click = [this] { Move(-1); };
   controls_.cmdDown.Click = [this] { Move(1); };
@@ -40,8 +42,8 @@ void FilterOrderList::SetFilterOrder(const std::string& FilterEntryID, int posit
   SetFetchTemplate(*filter, FilterEntryID, postoffice_, mailbox_);
   filter->Order = -1;
   filter->getfilter();
-  filter->EditFilter(FilterEntryID, filter->Status, std::string(filter->Description), std::string(filter->ActionID),
-                     std::string(filter->Note), std::string(filter->CriteriaID), position);
+  filter->EditFilter(FilterEntryID, filter->Status, filter->Description, filter->ActionID, filter->Note,
+                     filter->CriteriaID, position);
 }
 
 void FilterOrderList::ListSwap(long first, long second) {

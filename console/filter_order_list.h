@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/controls.h"
 #include "services/run.h"
@@ -19,6 +20,9 @@ class FilterOrderList {
     RowList& lvwFilters;
     Button &cmdUp, &cmdDown;
   };
+
+  // The columns of such a list.
+  static std::vector<RowList::Column> Columns();
 
   FilterOrderList(Run& run, const Controls& controls);
   FilterOrderList(const FilterOrderList&) = delete;

@@ -39,7 +39,7 @@ class FilterPage : public PropertyPage {
 
   CheckBox chkEnabled;
   Label Label1;
-  RowList lvwFilters{*this, "lvwFilters", {{"", "Filter Name", 3598}, {"", "Status", 2540}}};
+  RowList lvwFilters{*this, "lvwFilters", FilterOrderList::Columns()};
   Button cmdAdd{*this, "cmdAdd", "Add..."};
   Button cmdEdit{*this, "cmdEdit", "Edit..."};
   Button cmdDelete{*this, "cmdDelete", "Delete..."};

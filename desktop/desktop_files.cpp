@@ -14,13 +14,11 @@
 #include "desktop/file_errors.h"
 #include "desktop/replace_file.h"
 #include "platform/text.h"
+#include "services/server_context.h"
 
 namespace qv {
 
 namespace {
-
-constexpr const char* kKey = R"(SOFTWARE\Quillvane\Quillvane)";
-constexpr const char* kValueName = "Configuration Directory";
 
 // Whether a name of a path may stand for an entry of a folder.
 bool Usable(const std::string& name) {
@@ -80,7 +78,8 @@ FileHandle OpenRegular(int folder, const std::string& name, int flags) {
 }  // namespace
 
 DesktopFiles::Parts DesktopFiles::Take(const std::string& path) {
-  const std::optional<RegistryValue> value = registry_->Read(kKey, kValueName);
+  const std::optional<RegistryValue> value =
+      registry_->Read(std::string(keys::kConfiguration), kConfigurationDirectory);
   if (!value || value->kind != RegistryKind::String || !StartsWith(value->text, "/")) return {};
   Parts parts;
   parts.root = value->text.substr(0, value->text.find_last_not_of('/') + 1);

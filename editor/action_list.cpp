@@ -117,9 +117,9 @@ void ActionList::RefreshActionRows() {
 void ActionList::SetListControls() {
   const RowList& list = controls_.lvwActions;
   const long count = list.Count(), selected = list.Selected();
-  if (count > 0) controls_.cmdDelete.SetEnabled(selected >= 0);
-  controls_.cmdUp.SetEnabled(selected > 0);
-  controls_.cmdDown.SetEnabled(selected >= 0 && selected < count - 1);
+  if (count > 0) controls_.cmdDelete.SetEnabled(true);
+  controls_.cmdUp.SetEnabled(count > 1 && selected != 0);
+  controls_.cmdDown.SetEnabled(count > 1 && selected != count - 1);
 }
 
 void ActionList::cmdAdd_Click() {

@@ -33,7 +33,8 @@ class ActionList {
   void LoadTasks(const std::string& id, long select_index);
   // Exchanges two records by their positions from 0, and selects the row that the second one names.
   void ListSwap(long index_a, long index_b);
-  // Enables the buttons that can act on the selected row.
+  // Enables the buttons that can act on the selected row. Without one, a list counts as neither at its first nor at its
+  // last row, unless it has one row only; the buttons then do nothing.
   void SetListControls();
 
  private:

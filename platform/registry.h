@@ -23,7 +23,8 @@ class Registry {
   // The value, or nothing when the key or the value is missing. Raises RuntimeError when the registry can't be read.
   virtual std::optional<RegistryValue> Read(const std::string& key, const std::string& value_name) = 0;
 
-  // Makes the key if it isn't there and sets the value. Raises RuntimeError when that fails.
+  // Makes the key if it isn't there and sets the value; a character of a text that the system's code page lacks becomes
+  // "?". Raises RuntimeError when that fails.
   virtual void Write(const std::string& key, const std::string& value_name, const RegistryValue& value) = 0;
 };
 

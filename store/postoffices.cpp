@@ -187,13 +187,18 @@ std::vector<std::string> PostofficeNamesOf(Database& database) {
   return names;
 }
 
-std::vector<std::string> MailboxNamesOf(Database& database, const std::string& postoffice) {
-  std::vector<std::string> names;
+void ForEachMailboxOf(Database& database, const std::string& postoffice,
+                      const std::function<void(const std::string& name)>& take) {
   database.Do([&](Connection& connection) {
     auto& list = connection.The<ListMailboxes>();
     list.postoffice = postoffice;
-    list.ForEach([&] { names.push_back(list.mailbox); });
+    list.ForEach([&] { take(list.mailbox); });
   });
+}
+
+std::vector<std::string> MailboxNamesOf(Database& database, const std::string& postoffice) {
+  std::vector<std::string> names;
+  ForEachMailboxOf(database, postoffice, [&names](const std::string& name) { names.push_back(name); });
   return names;
 }
 

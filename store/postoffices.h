@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,9 @@ class Database;
 // The postoffices of a server and their mailboxes, in the order of adding.
 std::vector<std::string> PostofficeNamesOf(Database& database);
 std::vector<std::string> MailboxNamesOf(Database& database, const std::string& postoffice);
+// Calls `take` with each of the names, in their order, without having all of them in memory.
+void ForEachMailboxOf(Database& database, const std::string& postoffice,
+                      const std::function<void(const std::string& name)>& take);
 
 // What stands in the scope of a postoffice and of its mailboxes.
 struct PostofficeContent {

@@ -2,9 +2,11 @@
 
 #include <utility>
 
+#include "desktop/code_page.h"
 #include "desktop/desktop_files.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
+#include "services/server_context.h"
 #include "store/database.h"
 #include "store/postoffices.h"
 #include "store/records.h"
@@ -35,14 +37,13 @@ class StoredRegistry : public Registry {
     return ReadRegistryValue(database_, key, value_name);
   }
   void Write(const std::string& key, const std::string& value_name, const RegistryValue& value) override {
-    WriteRegistryValue(database_, key, value_name, value);
+    // Texts are single-byte text in the registry.
+    WriteRegistryValue(database_, key, value_name, {value.kind, value.word, FromCodePage(ToCodePage(value.text))});
   }
 
  private:
   Database& database_;
 };
-
-bool Local(const std::string& host) { return host.empty() || UpperCase(host) == "LOCALHOST"; }
 
 }  // namespace
 
@@ -58,7 +59,7 @@ Servers::~Servers() = default;
 
 void Servers::Add(const std::string& name, const std::filesystem::path& directory) {
   if (name.empty()) throw RuntimeError("A server needs a name.");
-  if (Local(name)) throw RuntimeError("The name '" + name + "' is the local server's.");
+  if (!IsRemoteHost(name)) throw RuntimeError("The name '" + name + "' is the local server's.");
   for (const auto& [taken, server] : others_) {
     if (UpperCase(taken) == UpperCase(name)) throw RuntimeError("There is a server '" + taken + "' already.");
   }
@@ -72,7 +73,7 @@ std::vector<std::string> Servers::Names() const {
 }
 
 Database& Servers::Of(const std::string& host) {
-  if (Local(host)) return local_->database;
+  if (!IsRemoteHost(host)) return local_->database;
   for (const auto& [name, server] : others_) {
     if (UpperCase(name) == UpperCase(host)) return server->database;
   }
@@ -87,6 +88,11 @@ std::vector<std::string> Servers::PostofficeNames(const std::string& host) { ret
 
 std::vector<std::string> Servers::MailboxNames(const std::string& host, const std::string& postoffice) {
   return MailboxNamesOf(Of(host), postoffice);
+}
+
+void Servers::ForEachMailbox(const std::string& host, const std::string& postoffice,
+                             const std::function<void(const std::string& name)>& take) {
+  ForEachMailboxOf(Of(host), postoffice, take);
 }
 
 }  // namespace qv

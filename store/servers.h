@@ -1,7 +1,7 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -43,6 +43,9 @@ class Servers {
   // For the console's own tree: the postoffices of a host in the finders' order, and a postoffice's mailboxes.
   std::vector<std::string> PostofficeNames(const std::string& host);
   std::vector<std::string> MailboxNames(const std::string& host, const std::string& postoffice);
+  // Calls `take` with each of the names, in their order.
+  void ForEachMailbox(const std::string& host, const std::string& postoffice,
+                      const std::function<void(const std::string& name)>& take);
 
  private:
   struct Server;

@@ -71,6 +71,17 @@ Value CurrencyUnless(bool overflow, std::int64_t exact) {
   return Value::Currency(exact);
 }
 
+std::int64_t CurrencyProduct(std::int64_t left, std::int64_t right) {
+  __extension__ using Wide = __int128;
+  const Wide product = Wide{left} * right;
+  const Wide rest = product % 10000;
+  Wide rounded = product / 10000;
+  const Wide size = rest < 0 ? -rest : rest;
+  if (size > 5000 || (size == 5000 && rounded % 2 != 0)) rounded += product < 0 ? -1 : 1;
+  if (rounded < INT64_MIN || rounded > INT64_MAX) RaiseBare(kOverflow);
+  return static_cast<std::int64_t>(rounded);
+}
+
 Value AddOrSubtract(Context& context, const Value& left, const Value& right, bool subtract) {
   const Type l = left.type();
   const Type r = right.type();
@@ -126,7 +137,7 @@ Value Multiply(Context& context, const Value& left_operand, const Value& right_o
   if (IsWhole(l) && IsWhole(r)) return Whole(LargerWhole(l, r), left->n() * right->n());
   if ((l == Type::Currency && (IsWhole(r) || r == l)) || (r == Type::Currency && IsWhole(l))) {
     std::int64_t exact = 0;
-    if (l == r) return Value::Currency(CurrencyOf(ToDouble(context, *left) * ToDouble(context, *right)));
+    if (l == r) return Value::Currency(CurrencyProduct(left->n(), right->n()));
     const bool overflow = __builtin_mul_overflow(left->n(), right->n(), &exact);
     return CurrencyUnless(overflow, exact);
   }

@@ -31,11 +31,15 @@ class alignas(16) ScriptObject final : public Object {
 // What GetRef gives: calling it calls the procedure.
 class ProcedureReference final : public Object {
  public:
-  ProcedureReference(Context& context, Procedure& procedure) : Object(context), procedure_(procedure) {}
+  ProcedureReference(Context& context, Procedure& procedure, bool is_name = false)
+      : Object(context), procedure_(procedure), is_name_(is_name) {}
   Procedure& procedure() const { return procedure_; }
+  // It stands for a procedure that only one activation knows: its value is what calling it without arguments gives.
+  bool is_name() const { return is_name_; }
 
  private:
   Procedure& procedure_;
+  bool is_name_;
 };
 
 // `Me` outside of classes: the global names as members.

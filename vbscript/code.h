@@ -131,6 +131,13 @@ struct StatementMark {
 
 struct ClassDef;
 
+// A name of a procedure and its register.
+struct LocalName {
+  Atom name;
+  std::uint32_t slot;
+  bool declared;  // otherwise it may turn out to be a global name
+};
+
 struct Procedure {
   ProcKind kind = ProcKind::kMain;
   Atom name = kNoAtom;
@@ -144,7 +151,7 @@ struct Procedure {
   std::vector<StatementMark> marks;                          // by start
   std::vector<std::pair<std::uint32_t, std::string>> names;  // the name for messages, by instruction
   std::vector<std::vector<std::int64_t>> bounds;
-  std::vector<std::pair<Atom, std::uint32_t>> locals;  // its names and registers, for executed text
+  std::vector<LocalName> locals;  // for executed text
   std::vector<std::pair<Atom, Value>> local_constants;
   ClassDef* owner = nullptr;
 };
@@ -197,6 +204,7 @@ class Globals {
   void Rename(Atom atom, std::uint32_t number) { numbers_[atom] = number; }
   const GlobalName* Find(Atom atom) const;
   GlobalName& name(std::uint32_t number) { return names_[number]; }
+  std::uint32_t count() const { return static_cast<std::uint32_t>(names_.size()); }
   Value* values() { return values_; }
   void DropValues();
 

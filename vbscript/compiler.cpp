@@ -40,11 +40,13 @@ void Compiler::FailTooLarge() const {
   throw failure;
 }
 
-// A name that changes its nature gets a number of its own, so that code compiled before keeps its meaning.
+// A name that changes its nature gets a number of its own, so that code compiled before keeps its meaning. So does a
+// procedure that only one activation knows.
 std::uint32_t Compiler::NumberFor(Atom atom, GlobalName::Kind kind) {
   const GlobalName* known = globals_.Find(atom);
   const bool changes = known && known->kind != GlobalName::Kind::kUnknown && known->kind != kind;
-  const std::uint32_t number = changes ? globals_.Spare(atom) : globals_.Number(atom);
+  const bool is_local = executed_in_ && kind == GlobalName::Kind::kProcedure;
+  const std::uint32_t number = changes || is_local ? globals_.Spare(atom) : globals_.Number(atom);
   if (number == Globals::kMost) FailTooLarge();
   return number;
 }
@@ -160,7 +162,8 @@ void Compiler::OpenRegisters(const ProcDecl& decl) {
     }
   }
   for (const auto& [atom, name] : locals_) {
-    if (name.kind != Name::Kind::kConst) code_->locals.emplace_back(atom, SlotOf(name.operand));
+    if (name.kind == Name::Kind::kConst) continue;
+    code_->locals.push_back({atom, SlotOf(name.operand), name.kind != Name::Kind::kUnknown});
   }
   first_temp_ = next_temp_ = dirty_end_ = slot;
   code_->registers = slot;

@@ -29,6 +29,7 @@ struct Unit {
 // The procedure activation in which a text is executed.
 struct ExecutedIn {
   const Procedure* procedure = nullptr;
+  const Value* registers = nullptr;
   const std::unordered_map<Atom, std::unique_ptr<Value>>* made = nullptr;  // variables that such texts made
 };
 

@@ -6,8 +6,11 @@ namespace qv::vbscript {
 // A name that belongs to the activation in which this text is executed.
 bool Compiler::IsScopedName(Atom atom) const {
   if (!executed_in_) return false;
-  for (const auto& local : executed_in_->procedure->locals) {
-    if (local.first == atom) return true;
+  for (const LocalName& local : executed_in_->procedure->locals) {
+    if (local.name != atom) continue;
+    if (local.declared || !executed_in_->registers[local.slot].Is(Type::Empty)) return true;
+    const GlobalName* global = globals_.Find(atom);
+    return !global || global->kind == GlobalName::Kind::kUnknown;
   }
   return executed_in_->made && executed_in_->made->count(atom) != 0;
 }

@@ -222,6 +222,11 @@ void Compiler::AssignElement(const Expr* target, const Expr* value, bool is_set)
            static_cast<std::uint32_t>(target->args.size()));
       return;
     }
+    if (name.kind == Name::Kind::kProcedure || name.kind == Name::Kind::kIntrinsic) {
+      NameHere(Spelled(callee));
+      Emit(Op::kRaise, kIllegalAssignment);
+      return;
+    }
   }
   const Operand container = Container(callee);
   if (container == kNoOperand) return;

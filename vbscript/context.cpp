@@ -33,6 +33,13 @@ void* Context::Allocate(std::size_t bytes, int error) {
   return storage;
 }
 
+void* Context::TryAllocate(std::size_t bytes) noexcept {
+  if (bytes > limit_ - used_) return nullptr;
+  void* storage = std::malloc(bytes);
+  if (storage) used_ += bytes;
+  return storage;
+}
+
 void Context::Free(void* storage, std::size_t bytes) noexcept {
   std::free(storage);
   used_ -= bytes;

@@ -45,6 +45,8 @@ class Context {
 
   // Storage of that many bytes; raises `error` when the account would be overdrawn.
   void* Allocate(std::size_t bytes, int error);
+  // The same for what can be done without: a null pointer when there is no room.
+  void* TryAllocate(std::size_t bytes) noexcept;
   void Free(void* storage, std::size_t bytes) noexcept;
   // Puts memory held elsewhere on the account or takes it off.
   void Charge(std::size_t bytes, int error);

@@ -181,8 +181,17 @@ std::int64_t CurrencyOf(double number) {
   return static_cast<std::int64_t>(scaled);
 }
 
+std::int64_t DivideToEven(std::int64_t number, std::int64_t divisor) {
+  const std::int64_t quotient = number / divisor;
+  const std::int64_t rest = number % divisor < 0 ? -(number % divisor) : number % divisor;
+  const bool away = rest > divisor - rest || (rest == divisor - rest && quotient % 2 != 0);
+  return quotient + (away ? (number < 0 ? -1 : 1) : 0);
+}
+
 std::int64_t ToCurrency(Context& context, const Value& value) {
   if (value.Is(Type::Currency)) return value.n();
+  std::int64_t scaled = 0;
+  if (value.Is(Type::String) && ParseCurrency(context, value.text(), scaled)) return scaled;
   return CurrencyOf(ToDouble(context, value));
 }
 

@@ -24,12 +24,16 @@ double ToDate(Context& context, const Value& value);
 // Units of a ten thousandth.
 std::int64_t ToCurrency(Context& context, const Value& value);
 std::int64_t CurrencyOf(double number);
+// The quotient to the nearest whole number, the even one of two; the divisor is above 0.
+std::int64_t DivideToEven(std::int64_t number, std::int64_t divisor);
 
 // The nearest whole number, the even one of two. Raises 6 if it is no 32-bit one.
 std::int32_t RoundToLong(double number);
 
 // Reads a whole text as a number: blanks around it, sign, separators, exponent, &H and &O. False if it is none.
 bool ParseNumber(const Context& context, std::u16string_view text, double& number);
+// The same in units of a ten thousandth, where the text has no exponent and few enough digits to be exact.
+bool ParseCurrency(const Context& context, std::u16string_view text, std::int64_t& scaled);
 // A literal's digits, point and exponent. Infinity for what is too large.
 double DecimalToDouble(std::u16string_view digits);
 

@@ -82,6 +82,10 @@ std::optional<ScriptError> Engine::AddCode(std::string_view utf8) {
   return Guarded([&] { state_->machine.Run(utf8); });
 }
 
+std::optional<ScriptError> Engine::End() {
+  return Guarded([&] { state_->machine.End(); });
+}
+
 std::optional<ScriptError> Engine::Check(std::string_view utf8) {
   return Guarded([&] { state_->machine.CheckText(utf8); });
 }

@@ -54,6 +54,9 @@ class Engine {
   std::optional<ScriptError> Check(std::string_view utf8);
   // Works out one expression; `=` compares. The result is given as text.
   std::optional<ScriptError> Eval(std::string_view utf8, std::string& result);
+  // Ends the script: its variables go, and objects that nothing holds any more run their Class_Terminate. Gives the
+  // first error of these.
+  std::optional<ScriptError> End();
   // Makes a function that scripts can call; any number of arguments from fewest to most, -1 for no upper limit.
   void RegisterFunction(std::string_view name, int fewest, int most, HostFunction function);
 

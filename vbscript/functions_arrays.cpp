@@ -2,6 +2,7 @@
 
 #include "vbscript/array.h"
 #include "vbscript/intrinsic_arguments.h"
+#include "vbscript/search.h"
 
 namespace qv::vbscript {
 namespace {
@@ -49,9 +50,10 @@ Value SplitText(Machine& machine, const Args& args) {
   if (count < -1) Raise(kInvalidCall);
   std::vector<Value> pieces;
   if (text.empty() || count == 0) return MakeArray(machine, pieces);
+  const Finder finder(machine, delimiter);
   std::size_t at = 0;
   while (!delimiter.empty() && (count == -1 || pieces.size() + 1 < static_cast<std::size_t>(count))) {
-    const std::size_t next = Search(machine, text, delimiter, at, ignore_case);
+    const std::size_t next = ignore_case ? Search(machine, text, delimiter, at, true) : finder.In(text, at);
     if (next == std::u16string_view::npos) break;
     pieces.push_back(MakeText(machine, text.substr(at, next - at)));
     at = next + delimiter.size();

@@ -133,7 +133,7 @@ double DateOfSeconds(double seconds) {
 
 Value DateAdd(Machine& machine, const Args& args) {
   const Interval interval = IntervalOf(machine, args[0]);
-  const double amount = std::trunc(ToDouble(machine, args[1]));
+  const double amount = std::nearbyint(ToDouble(machine, args[1]));
   if (!(std::fabs(amount) < 1e12)) Raise(kInvalidCall);
   const Value value = Plain(machine, args[2]);
   if (value.Is(Type::Null)) return value;

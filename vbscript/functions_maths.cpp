@@ -38,8 +38,12 @@ Value Whole(Machine& machine, const Args& args) {
     case Type::Double:
     case Type::Date:
       return Value::Of(number.type(), Cut(number.d()));
-    case Type::Currency:
-      return Value::Currency(static_cast<std::int64_t>(Cut(static_cast<double>(number.n()) / 10000)) * 10000);
+    case Type::Currency: {
+      const std::int64_t rest = number.n() % 10000;
+      const bool down = rest < 0 && Cut(-0.5) < -0.5;
+      if (down && number.n() < INT64_MIN + 10000) Raise(kOverflow);
+      return Value::Currency(number.n() - rest - (down ? 10000 : 0));
+    }
     default:
       return number;
   }
@@ -55,13 +59,19 @@ Value Round(Machine& machine, const Args& args) {
   if (value.IsInt() || value.Is(Type::Boolean) || value.Is(Type::Byte)) return value;
   const Value number = ToNumber(machine, value);
   if (number.IsInt()) return number;
+  if (number.Is(Type::Currency)) {
+    std::int64_t unit = 10000;
+    for (std::int32_t i = 0; i < std::min(digits, 4); ++i) unit /= 10;
+    std::int64_t rounded = 0;
+    if (__builtin_mul_overflow(DivideToEven(number.n(), unit), unit, &rounded)) Raise(kOverflow);
+    return Value::Currency(rounded);
+  }
   const double scale = std::pow(10.0, digits);
   const double exact = ToDouble(machine, number);
   const double scaled = exact * scale;
   // Far from the point there is nothing to round.
   const double rounded =
       std::isfinite(scaled) && std::fabs(scaled) < 4503599627370496.0 ? std::nearbyint(scaled) / scale : exact;
-  if (number.Is(Type::Currency)) return Value::Currency(CurrencyOf(rounded));
   if (number.Is(Type::Single)) return Value::Single(rounded);
   return Value::Of(number.type(), rounded);
 }

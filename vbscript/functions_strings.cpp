@@ -2,6 +2,7 @@
 
 #include "vbscript/array.h"
 #include "vbscript/intrinsic_arguments.h"
+#include "vbscript/search.h"
 
 namespace qv::vbscript {
 namespace {
@@ -62,7 +63,8 @@ Value InStr(Machine& machine, const Args& args) {
   const auto from = static_cast<std::size_t>(start) - 1;
   if (text.view().empty() || from >= text.view().size()) return Value::Long(0);
   if (find.view().empty()) return Value::Long(start);
-  const std::size_t at = Search(machine, text, find, from, ignore_case);
+  const std::size_t at =
+      ignore_case ? Search(machine, text, find, from, true) : Finder(machine, find).In(text.value(), from);
   return Value::Long(at == std::u16string_view::npos ? 0 : static_cast<std::int32_t>(at) + 1);
 }
 
@@ -98,9 +100,11 @@ Value Replace(Machine& machine, const Args& args) {
   std::size_t at = static_cast<std::size_t>(start) - 1;
   if (at >= text.view().size()) return MakeText(machine, {});
   if (find.view().empty() || count == 0) return MakeText(machine, text.view().substr(at));
-  TextBuilder result(machine);
+  const Finder finder(machine, find);
+  // Storage for all of it where it is known not to become longer than the text.
+  TextBuilder result(machine, with.view().size() <= find.view().size() ? text.view().size() - at : 0);
   while (count != 0) {
-    const std::size_t next = Search(machine, text, find, at, ignore_case);
+    const std::size_t next = ignore_case ? Search(machine, text, find, at, true) : finder.In(text.view(), at);
     if (next == std::u16string_view::npos) break;
     result.Append(text.view().substr(at, next - at));
     result.Append(with);

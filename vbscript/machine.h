@@ -26,6 +26,9 @@ class Machine final : public Context {
   // Compiles a text and runs its outer statements. Throws Failure.
   void Run(std::string_view utf8);
   void CheckText(std::string_view utf8);
+  // Empties the variables, one after the other, so that what they alone held goes with its Class_Terminate. Throws the
+  // first Failure there was when all have gone, but an interrupt at once.
+  void End();
   Value EvaluateText(std::string_view utf8);
 
   // What an error left behind.
@@ -76,7 +79,7 @@ class Machine final : public Context {
 
   // Texts.
   Unit Compile(std::u16string text, bool expression, const ExecutedIn* executed_in);
-  std::unique_ptr<Procedure> PutInForce(Unit unit);
+  std::unique_ptr<Procedure> PutInForce(Unit unit, int activation);
   Value RunMain(std::unique_ptr<Procedure> main, int activation);
   Value ExecuteText(const Value& text, bool expression, bool global);
   int Activation() const;
@@ -86,6 +89,8 @@ class Machine final : public Context {
   void BindWrite(Value& slot, std::uint32_t number, bool always);
   void Touch(std::uint32_t number, bool always);
   void BindScoped(Value& slot, Atom name, bool always);
+  static Value* FindScoped(Frame& activation, Atom name);
+  static Value& ScopedVariable(Frame& activation, Atom name);
   bool CallName(Value* t, std::uint32_t number, Value* slot, std::uint32_t n);
   bool CallValue(Value* t, std::uint32_t n);
   bool CallOwn(Value* t, Atom member, std::uint32_t n);

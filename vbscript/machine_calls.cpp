@@ -77,33 +77,36 @@ void Machine::Touch(std::uint32_t number, bool always) {
   name.kind = GlobalName::Kind::kVariable;
 }
 
+// The variable of that name in an activation; a null pointer if there is none.
+Value* Machine::FindScoped(Frame& activation, Atom name) {
+  for (const LocalName& local : activation.procedure->locals) {
+    if (local.name == name) return &activation.registers[local.slot].Target();
+  }
+  if (!activation.made) return nullptr;
+  const auto made = activation.made->find(name);
+  return made == activation.made->end() ? nullptr : made->second.get();
+}
+
+// The same, made if there is none.
+Value& Machine::ScopedVariable(Frame& activation, Atom name) {
+  if (Value* found = FindScoped(activation, name)) return *found;
+  if (!activation.made) activation.made = new std::unordered_map<Atom, std::unique_ptr<Value>>;
+  return *activation.made->emplace(name, std::make_unique<Value>()).first->second;
+}
+
 // Looks in the activation that executes the text, then among the globals; makes the variable there otherwise.
 void Machine::BindScoped(Value& slot, Atom name, bool always) {
   Frame& activation = frames_[static_cast<std::size_t>(frame().activation)];
-  const GlobalName* global = globals_.Find(name);
-  const bool is_global = global && global->kind == GlobalName::Kind::kVariable;
-  for (const auto& [atom, number] : activation.procedure->locals) {
-    if (atom != name) continue;
-    Value& local = activation.registers[number];
-    slot = local.IsRef() ? Value::RefTo(local.target()) : Value::RefTo(&local);
-    return;
-  }
-  if (activation.made) {
-    const auto made = activation.made->find(name);
-    if (made != activation.made->end()) {
-      slot = Value::RefTo(made->second.get());
-      return;
+  Value* variable = FindScoped(activation, name);
+  if (!variable && !always) {
+    const GlobalName* global = globals_.Find(name);
+    if (global && global->kind == GlobalName::Kind::kVariable) {
+      variable = &globals_.values()[globals_.Number(name)];
+    } else if (frame().procedure->option_explicit) {
+      Raise(kUndefinedName);
     }
   }
-  if (is_global && !always) {
-    slot = Value::RefTo(&globals_.values()[globals_.Number(name)]);
-    return;
-  }
-  if (!always && frame().procedure->option_explicit) Raise(kUndefinedName);
-  if (!activation.made) activation.made = new std::unordered_map<Atom, std::unique_ptr<Value>>;
-  auto made = std::make_unique<Value>();
-  slot = Value::RefTo(made.get());
-  activation.made->emplace(name, std::move(made));
+  slot = Value::RefTo(variable ? variable : &ScopedVariable(activation, name));
 }
 
 // A call of a name that is no procedure, or that only the run can tell.
@@ -271,7 +274,7 @@ Value Machine::GetMember(const Value& object, Atom member, const Value* args, in
   Object& target = *object.object();
   if (!target.IsScriptObject()) {
     if (const auto* reference = dynamic_cast<ProcedureReference*>(&target)) {
-      if (member != kDefaultMember || count == 0) Raise(kNoSuchMember);
+      if (member != kDefaultMember || (count == 0 && !reference->is_name())) Raise(kNoSuchMember);
       return Call(reference->procedure(), nullptr, args, count);
     }
     return target.Invoke(*this, member, Access::Get, args, count);

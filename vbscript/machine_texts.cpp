@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "vbscript/failure.h"
 #include "vbscript/machine_frames.h"
 #include "vbscript/parser.h"
@@ -53,8 +55,9 @@ Unit Machine::Compile(std::u16string text, bool expression, const ExecutedIn* ex
   }
 }
 
-// Makes the definitions known; what they need stays for good. The outer statements are left to the caller.
-std::unique_ptr<Procedure> Machine::PutInForce(Unit unit) {
+// Makes the definitions known; what they need stays for good. Procedures of a text that is executed in a procedure are
+// known to that activation only. The outer statements are left to the caller.
+std::unique_ptr<Procedure> Machine::PutInForce(Unit unit, int activation) {
   std::size_t kept = 0;
   for (auto& procedure : unit.procedures) {
     kept += sizeof(Procedure) + procedure->code.size() * sizeof(Instr) + procedure->constants.size() * sizeof(Value) +
@@ -68,6 +71,11 @@ std::unique_ptr<Procedure> Machine::PutInForce(Unit unit) {
     GlobalName& name = globals_.name(definition.number);
     const bool was_variable = name.kind == GlobalName::Kind::kVariable;
     name = definition.name;
+    if (activation >= 0 && name.kind == GlobalName::Kind::kProcedure) {
+      Value procedure = Value::TakeObject(Make<ProcedureReference>(0, *name.procedure, true));
+      ScopedVariable(frames_[static_cast<std::size_t>(activation)], name.atom) = std::move(procedure);
+      continue;
+    }
     globals_.Rename(name.atom, definition.number);
     if (!(was_variable && name.kind == GlobalName::Kind::kVariable)) {
       globals_.values()[definition.number] = definition.value;
@@ -96,15 +104,31 @@ Value Machine::RunMain(std::unique_ptr<Procedure> main, int activation) {
 
 void Machine::Run(std::string_view utf8) {
   error_.Clear();
-  RunMain(PutInForce(Compile(ToUtf16(utf8), false, nullptr)), -1);
+  RunMain(PutInForce(Compile(ToUtf16(utf8), false, nullptr), -1), -1);
   SayFarewells();
+}
+
+void Machine::End() {
+  std::optional<Failure> first;
+  for (std::uint32_t number = 0; number < globals_.count(); ++number) {
+    if (globals_.name(number).kind == GlobalName::Kind::kVariable) globals_.values()[number].Clear();
+    while (HasFarewells()) {
+      try {
+        SayFarewells();
+      } catch (const Failure& failure) {
+        if (!failure.catchable) throw;
+        if (!first) first = failure;
+      }
+    }
+  }
+  if (first) throw Failure(*first);
 }
 
 void Machine::CheckText(std::string_view utf8) { Compile(ToUtf16(utf8), false, nullptr); }
 
 Value Machine::EvaluateText(std::string_view utf8) {
   error_.Clear();
-  return RunMain(PutInForce(Compile(ToUtf16(utf8), true, nullptr)), -1);
+  return RunMain(PutInForce(Compile(ToUtf16(utf8), true, nullptr), -1), -1);
 }
 
 // The frame of the procedure whose names an executed text sees; -1 outside of procedures.
@@ -125,10 +149,11 @@ Value Machine::ExecuteText(const Value& text, bool expression, bool global) {
   if (activation >= 0) {
     const Frame& owner = frames_[static_cast<std::size_t>(activation)];
     executed_in.procedure = owner.procedure;
+    executed_in.registers = owner.registers;
     executed_in.made = owner.made;
   }
   Unit unit = Compile(std::u16string(held.text()), expression, activation >= 0 ? &executed_in : nullptr);
-  return RunMain(PutInForce(std::move(unit)), activation);
+  return RunMain(PutInForce(std::move(unit), activation), activation);
 }
 
 void Machine::Execute(const Value& text, bool global) { ExecuteText(text, false, global); }

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -30,28 +31,10 @@ bool ParseRadix(std::u16string_view text, double& number) {
   return true;
 }
 
-}  // namespace
-
-double DecimalToDouble(std::u16string_view digits) {
-  const std::string ascii(digits.begin(), digits.end());
-  double number = 0;
-  const auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), number);
-  static_cast<void>(end);
-  if (error != std::errc::result_out_of_range) return number;
-  // Out of range is too large, or too small to be told from nothing.
-  const std::size_t exponent = ascii.find_first_of("eE");
-  const bool tiny = exponent != std::string::npos && exponent + 1 < ascii.size() && ascii[exponent + 1] == '-';
-  const bool zero_front = ascii.find_first_of("123456789") > ascii.find('.') && exponent == std::string::npos;
-  return tiny || zero_front ? 0.0 : std::numeric_limits<double>::infinity();
-}
-
-bool ParseNumber(const Context& context, std::u16string_view text, double& number) {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  if (ParseRadix(text, number)) return true;
+// The sign, digits, point and exponent of a text; false if it is no decimal number.
+bool ReadDecimal(const Context& context, std::u16string_view text, std::u16string& digits, bool& negative) {
   const char16_t decimal = context.decimal_mark();
   const char16_t thousands = decimal == u'.' ? u',' : u'.';
-  bool negative = false;
   bool in_brackets = false;
   if (text.size() > 1 && text.front() == u'(' && text.back() == u')') {
     in_brackets = true;
@@ -70,7 +53,6 @@ bool ParseNumber(const Context& context, std::u16string_view text, double& numbe
       break;
     }
   }
-  std::u16string digits;
   bool any = false;
   for (; i < text.size() && (IsDigit(text[i]) || text[i] == thousands); ++i) {
     if (text[i] == thousands && !any) return false;
@@ -101,8 +83,71 @@ bool ParseNumber(const Context& context, std::u16string_view text, double& numbe
     ++i;
   }
   if (i != text.size()) return false;
+  negative = negative || in_brackets;
+  return true;
+}
+
+std::u16string_view WithoutBlanks(std::u16string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+}  // namespace
+
+double DecimalToDouble(std::u16string_view digits) {
+  const std::string ascii(digits.begin(), digits.end());
+  double number = 0;
+  const auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), number);
+  static_cast<void>(end);
+  if (error != std::errc::result_out_of_range) return number;
+  // Out of range is too large, or too small to be told from nothing.
+  const std::size_t exponent = ascii.find_first_of("eE");
+  const bool tiny = exponent != std::string::npos && exponent + 1 < ascii.size() && ascii[exponent + 1] == '-';
+  const bool zero_front = ascii.find_first_of("123456789") > ascii.find('.') && exponent == std::string::npos;
+  return tiny || zero_front ? 0.0 : std::numeric_limits<double>::infinity();
+}
+
+bool ParseNumber(const Context& context, std::u16string_view text, double& number) {
+  text = WithoutBlanks(text);
+  if (ParseRadix(text, number)) return true;
+  std::u16string digits;
+  bool negative = false;
+  if (!ReadDecimal(context, text, digits, negative)) return false;
   number = DecimalToDouble(digits);
-  if (negative || in_brackets) number = -number;
+  if (negative) number = -number;
+  return true;
+}
+
+bool ParseCurrency(const Context& context, std::u16string_view text, std::int64_t& scaled) {
+  std::u16string digits;
+  bool negative = false;
+  if (!ReadDecimal(context, WithoutBlanks(text), digits, negative)) return false;
+  std::size_t point = digits.find(u'.');
+  if (point == std::u16string::npos) {
+    point = digits.size();
+  } else {
+    digits.erase(point, 1);
+  }
+  constexpr std::uint64_t kMost = 9223372036854775807U;
+  std::uint64_t units = 0;
+  char16_t next = u'0';  // the first digit that is not kept
+  bool more = false;     // something follows it
+  for (std::size_t i = 0; i < std::max(digits.size(), point + 4); ++i) {
+    const char16_t c = i < digits.size() ? digits[i] : u'0';
+    if (!IsDigit(c)) return false;
+    if (i < point + 4) {
+      if (units > kMost / 10) return false;
+      units = units * 10 + (c - u'0');
+    } else if (i == point + 4) {
+      next = c;
+    } else {
+      more = more || c != u'0';
+    }
+  }
+  if (next > u'5' || (next == u'5' && (more || units % 2 != 0))) ++units;
+  if (units > kMost + (negative ? 1U : 0U)) return false;
+  scaled = static_cast<std::int64_t>(negative ? 0 - units : units);
   return true;
 }
 

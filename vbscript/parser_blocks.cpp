@@ -55,7 +55,7 @@ void Parser::IfStatement(std::vector<Stmt*>& body) {
   open_.push_back({Block::kIf, ProcKind::kMain});
   while (Accept(Tok::kColon)) {
   }
-  if (At(Tok::kLineEnd)) {
+  if (At(Tok::kLineEnd) || At(Tok::kEnd)) {
     BlockIf(made);
   } else {
     LineIf(made);
@@ -113,6 +113,7 @@ void Parser::SelectStatement(std::vector<Stmt*>& body) {
   if (!AtStatementEnd()) Fail(1025);
   while (At(Tok::kColon) || At(Tok::kLineEnd)) Advance();
   while (At(Tok::kCase)) {
+    if (!made->branches.empty() && made->branches.back().is_else) Fail(1024);
     Branch branch;
     branch.place = token_.place;
     Advance();

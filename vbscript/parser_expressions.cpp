@@ -194,7 +194,7 @@ Expr* Parser::CallOf(Expr* callee, std::vector<Expr*> args, Place place) {
 // A list in which arguments may be left out.
 void Parser::Arguments(std::vector<Expr*>& args) {
   for (;;) {
-    if (At(Tok::kComma) || At(Tok::kRight)) {
+    if (At(Tok::kComma)) {
       args.push_back(program_.NewExpr(ExprKind::kMissing, token_.place));
     } else {
       args.push_back(Expression());

@@ -160,7 +160,7 @@ void Parser::ExpressionStatement(std::vector<Stmt*>& body, bool one_line) {
 // The rest of an argument list without parentheses.
 void Parser::BareArguments(std::vector<Expr*>& args) {
   for (;;) {
-    if (At(Tok::kComma) || AtStatementEnd()) {
+    if (At(Tok::kComma)) {
       args.push_back(program_.NewExpr(ExprKind::kMissing, token_.place));
     } else {
       args.push_back(Expression());

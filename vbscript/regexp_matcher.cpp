@@ -2,6 +2,7 @@
 
 #include "vbscript/failure.h"
 #include "vbscript/regexp.h"
+#include "vbscript/search.h"
 #include "vbscript/text.h"
 
 namespace qv::vbscript {

@@ -58,7 +58,9 @@ int ScriptRun(const std::string& path, const EngineOptions& options, std::ostrea
     out << '\n';
     return {};
   });
-  return Report(path, engine.AddCode(*text), err);
+  const std::optional<ScriptError> error = engine.AddCode(*text);
+  const std::optional<ScriptError> end_error = engine.End();
+  return Report(path, error ? error : end_error, err);
 }
 
 }  // namespace qv::vbscript

@@ -20,63 +20,28 @@ StringRep* MakeRep(Context& context, std::size_t used, std::size_t capacity) {
   return rep;
 }
 
-// How common a byte is in text, roughly: UTF-16 is full of zeros, and words are full of a few letters.
-int Commonness(unsigned char byte) {
-  if (byte == 0) return 100;
-  static constexpr std::string_view kCommon = "zqxjkvbpygfwmucldrhsinoate ";
-  const unsigned char lower = byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + 32) : byte;
-  const std::size_t rank = kCommon.find(static_cast<char>(lower));
-  if (rank == std::string_view::npos) return byte >= '0' && byte <= '9' ? 10 : 5;
-  return static_cast<int>(rank) + (lower == byte ? 12 : 4);
-}
-
-// Passes over blocks in which no place has both the first character and, `reach` behind it, the last one. What is left
-// before `end` may be less than a block.
-constexpr std::size_t kBlock = 32;
-
-std::size_t SkipBlocks(const char16_t* text, std::size_t i, std::size_t end, char16_t first, char16_t last,
-                       std::size_t reach) {
-  for (; i + kBlock <= end; i += kBlock) {
-    char16_t any = 0;
-    for (std::size_t k = 0; k < kBlock; ++k) {
-      const char16_t difference = static_cast<char16_t>((text[i + k] ^ first) | (text[i + k + reach] ^ last));
-      any = static_cast<char16_t>(any | (difference == 0 ? 1 : 0));
+// False if a character fits no byte.
+bool Narrow(std::u16string_view text, char* bytes) {
+  constexpr std::size_t kBlock = 64;
+  while (!text.empty()) {
+    const std::size_t count = std::min(text.size(), kBlock);
+    char16_t all = 0;
+    if (count == kBlock) {
+      for (std::size_t i = 0; i < kBlock; ++i) {
+        all = static_cast<char16_t>(all | text[i]);
+        bytes[i] = static_cast<char>(text[i]);
+      }
+    } else {
+      for (std::size_t i = 0; i < count; ++i) {
+        all = static_cast<char16_t>(all | text[i]);
+        bytes[i] = static_cast<char>(text[i]);
+      }
     }
-    if (any) break;
+    if (all > 0xff) return false;
+    bytes += count;
+    text.remove_prefix(count);
   }
-  return i;
-}
-
-// Looks for the rarest byte of what is to be found, as long as that byte is rare in the text too; `from` is then where
-// the search has come to.
-std::size_t SearchRarest(Context& context, std::u16string_view text, std::u16string_view find, std::size_t& from) {
-  const auto* needle = reinterpret_cast<const char*>(find.data());
-  const std::size_t length = find.size() * 2;
-  std::size_t rarest = 0;
-  for (std::size_t i = 1; i < std::min<std::size_t>(length, 64); ++i) {
-    if (Commonness(static_cast<unsigned char>(needle[i])) < Commonness(static_cast<unsigned char>(needle[rarest]))) {
-      rarest = i;
-    }
-  }
-  const auto* bytes = reinterpret_cast<const char*>(text.data());
-  const std::size_t end = text.size() * 2 - length + rarest + 1;
-  const std::size_t start = from * 2 + rarest;
-  std::size_t at = start;
-  for (std::size_t failures = 0; at < end; ++failures) {
-    const auto* found = static_cast<const char*>(std::memchr(bytes + at, needle[rarest], end - at));
-    if (!found) {
-      from = text.size();
-      return std::u16string_view::npos;
-    }
-    at = static_cast<std::size_t>(found - bytes);
-    const std::size_t place = at - rarest;
-    if (place % 2 == 0 && std::memcmp(bytes + place, needle, length) == 0) return place / 2;
-    ++at;
-    if (failures > 64 && failures * 16 > at - start) break;
-    if (failures % 64 == 63) context.Poll(static_cast<int>(std::min<std::size_t>(length / 64 + 1, 1024)));
-  }
-  from = (at - rarest + 1) / 2;
-  return std::u16string_view::npos;
+  return true;
 }
 
 Value Extend(Context& context, const Value& left, const char* bytes, std::size_t count) {
@@ -122,10 +87,48 @@ Value Join(Context& context, const Value& left, const Value& right) {
   return Extend(context, left, right.string()->bytes(), right.bytes());
 }
 
-void TextBuilder::Append(std::u16string_view text) {
-  if (text.empty()) return;
-  Value longer = Extend(context_, text_, reinterpret_cast<const char*>(text.data()), text.size() * 2);
-  text_ = std::move(longer);
+std::string_view NarrowText(Context& context, const Value& text, std::size_t searching) {
+  constexpr std::size_t kLong = 4096;            // characters; a shorter text is searched in no time
+  constexpr std::uint32_t kNever = 0xffffffff;   // a character is too wide
+  constexpr std::uint32_t kSearchesThatPay = 4;  // of the whole text
+  const std::u16string_view wide = text.text();
+  if (wide.size() < kLong) return {};
+  StringRep* rep = text.string();
+  if (!rep->narrow) {
+    if (rep->searched / kSearchesThatPay < wide.size()) {
+      rep->searched += static_cast<std::uint32_t>(std::min<std::size_t>(searching, kNever - 1 - rep->searched));
+      return {};
+    }
+    if (rep->searched == kNever) return {};
+    void* storage = context.TryAllocate(sizeof(NarrowRep) + rep->capacity / 2);
+    if (!storage) return {};
+    rep->narrow = ::new (storage) NarrowRep;
+    rep->narrow->capacity = rep->capacity / 2;
+  }
+  NarrowRep* narrow = rep->narrow;
+  if (narrow->used < wide.size() && !Narrow(wide.substr(narrow->used), narrow->bytes() + narrow->used)) {
+    context.Free(narrow, sizeof(NarrowRep) + narrow->capacity);
+    rep->narrow = nullptr;
+    rep->searched = kNever;
+    return {};
+  }
+  narrow->used = std::max(narrow->used, static_cast<std::uint32_t>(wide.size()));
+  return {narrow->bytes(), wide.size()};
+}
+
+TextBuilder::TextBuilder(Context& context, std::size_t characters) : context_(context) {
+  if (characters) Grow(characters * sizeof(char16_t));
+}
+
+void TextBuilder::Grow(std::size_t bytes) {
+  const std::size_t have = rep_ ? static_cast<std::size_t>(end_ - rep_->bytes()) : 0;
+  const std::size_t total = have + bytes;
+  StringRep* made = MakeRep(context_, total, rep_ ? total + total / 2 : total);
+  if (have) std::memcpy(made->bytes(), rep_->bytes(), have);
+  Take();
+  rep_ = made;
+  end_ = made->bytes() + have;
+  room_ = std::min<std::size_t>(made->capacity, context_.string_limit()) - have;
 }
 
 void TextBuilder::Append(char16_t c, std::size_t times) {
@@ -133,6 +136,15 @@ void TextBuilder::Append(char16_t c, std::size_t times) {
   if (times > context_.string_limit()) Raise(kOutOfStringSpace);
   for (; times > piece.size(); times -= piece.size()) Append(piece);
   Append(std::u16string_view(piece).substr(0, times));
+}
+
+Value TextBuilder::Take() noexcept {
+  if (!rep_) return Value::TakeString(nullptr, 0);
+  rep_->used = static_cast<std::uint32_t>(end_ - rep_->bytes());
+  room_ = 0;
+  StringRep* taken = rep_;
+  rep_ = nullptr;
+  return Value::TakeString(taken, taken->used);
 }
 
 std::u16string ToUtf16(std::string_view utf8) {
@@ -238,41 +250,6 @@ int Compare(std::u16string_view left, std::u16string_view right, bool ignore_cas
     if (difference != 0) return difference;
   }
   return left.size() < right.size() ? -1 : left.size() > right.size() ? 1 : 0;
-}
-
-std::size_t Search(Context& context, std::u16string_view text, std::u16string_view find, std::size_t from,
-                   bool ignore_case) {
-  if (find.empty()) return from <= text.size() ? from : std::u16string_view::npos;
-  if (find.size() > text.size()) return std::u16string_view::npos;
-  context.Poll(static_cast<int>(text.size() / 2048));
-  const std::size_t end = text.size() - find.size() + 1;
-  std::size_t i = from;
-  if (ignore_case) {
-    const char16_t first = LowerCase(find[0]);
-    for (; i < end; ++i) {
-      if (LowerCase(text[i]) != first) continue;
-      std::size_t k = 1;
-      while (k < find.size() && LowerCase(text[i + k]) == LowerCase(find[k])) ++k;
-      if (k == find.size()) return i;
-      context.Poll(static_cast<int>(std::min<std::size_t>(k / 16 + 1, 1024)));
-    }
-    return std::u16string_view::npos;
-  }
-  const std::size_t bytes = find.size() * sizeof(char16_t);
-  if (i < end) {
-    const std::size_t at = SearchRarest(context, text, find, i);
-    if (at != std::u16string_view::npos) return at;
-  }
-  while (i < end) {
-    i = SkipBlocks(text.data(), i, end, find.front(), find.back(), find.size() - 1);
-    const std::size_t stop = std::min(end, i + kBlock);
-    for (; i < stop; ++i) {
-      if (text[i] != find.front() || text[i + find.size() - 1] != find.back()) continue;
-      if (std::memcmp(text.data() + i, find.data(), bytes) == 0) return i;
-      context.Poll(static_cast<int>(std::min<std::size_t>(bytes / 64 + 1, 1024)));
-    }
-  }
-  return std::u16string_view::npos;
 }
 
 }  // namespace qv::vbscript

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -15,17 +16,36 @@ Value FrontOf(const Value& text, std::size_t characters);
 // Both sides are strings. Appends in place where the left one ends its storage.
 Value Join(Context& context, const Value& left, const Value& right);
 
+// The text as bytes, if each of its characters fits one and it has been searched so often that a copy pays; empty
+// otherwise. `searching` is how many characters are to be searched now.
+std::string_view NarrowText(Context& context, const Value& text, std::size_t searching);
+
 // Builds a string of pieces with one piece of storage that grows.
 class TextBuilder {
  public:
   explicit TextBuilder(Context& context) : context_(context) {}
-  void Append(std::u16string_view text);
+  // With storage for that many characters from the start.
+  TextBuilder(Context& context, std::size_t characters);
+  TextBuilder(const TextBuilder&) = delete;
+  TextBuilder& operator=(const TextBuilder&) = delete;
+  ~TextBuilder() { Take(); }
+  void Append(std::u16string_view text) {
+    const std::size_t bytes = text.size() * sizeof(char16_t);
+    if (bytes > room_) Grow(bytes);
+    if (bytes) std::memcpy(end_, text.data(), bytes);
+    end_ += bytes;
+    room_ -= bytes;
+  }
   void Append(char16_t c, std::size_t times);
-  Value Take() { return std::move(text_); }
+  Value Take() noexcept;
 
  private:
+  void Grow(std::size_t bytes);
+
   Context& context_;
-  Value text_ = Value::TakeString(nullptr, 0);
+  StringRep* rep_ = nullptr;
+  char* end_ = nullptr;
+  std::size_t room_ = 0;  // bytes
 };
 
 // UTF-8 becomes UTF-16 and back; what is no valid text becomes U+FFFD.
@@ -37,8 +57,4 @@ char16_t UpperCase(char16_t c);
 char16_t LowerCase(char16_t c);
 // Below, at or above 0, by character code or without regard to case.
 int Compare(std::u16string_view left, std::u16string_view right, bool ignore_case);
-// The first place at or behind `from`; npos if none. Polls the context.
-std::size_t Search(Context& context, std::u16string_view text, std::u16string_view find, std::size_t from,
-                   bool ignore_case);
-
 }  // namespace qv::vbscript

@@ -50,12 +50,16 @@ void Value::Retain() noexcept {
   }
 }
 
+void Value::ReleaseString() noexcept {
+  StringRep* rep = payload_.string;
+  if (rep->narrow) rep->context->Free(rep->narrow, sizeof(NarrowRep) + rep->narrow->capacity);
+  rep->context->Free(rep, sizeof(StringRep) + rep->capacity);
+}
+
 void Value::Release() noexcept {
   switch (type()) {
     case Type::String:
-      if (payload_.string && --payload_.string->refs == 0) {
-        payload_.string->context->Free(payload_.string, sizeof(StringRep) + payload_.string->capacity);
-      }
+      if (payload_.string && --payload_.string->refs == 0) ReleaseString();
       break;
     case Type::Object:
       if (payload_.object && --payload_.object->refs == 0) payload_.object->context().Bury(payload_.object);

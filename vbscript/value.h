@@ -34,10 +34,19 @@ struct Counted {
   std::uint32_t refs = 1;
 };
 
+// A copy of a string's characters, one byte each.
+struct NarrowRep {
+  std::uint32_t used = 0;
+  std::uint32_t capacity = 0;
+  char* bytes() { return reinterpret_cast<char*>(this + 1); }
+};
+
 // A string's characters, shared by all values that start with them: each value holds its own length, and whoever
 // ends where the used part ends may append in place.
 struct StringRep : Counted {
+  std::uint32_t searched = 0;  // characters, as long as there is no narrow copy
   Context* context = nullptr;
+  NarrowRep* narrow = nullptr;
   std::uint32_t used = 0;      // bytes
   std::uint32_t capacity = 0;  // bytes
   char* bytes() { return reinterpret_cast<char*>(this + 1); }
@@ -179,6 +188,7 @@ class Value {
   Value(std::uint64_t head, double d) noexcept : head_(head) { payload_.d = d; }
   void Retain() noexcept;
   void Release() noexcept;
+  void ReleaseString() noexcept;
 
   std::uint64_t head_;
   union {

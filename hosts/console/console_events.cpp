@@ -73,7 +73,7 @@ Action ConsoleSession::ReadConsoleEvent(const std::string& what, const Event& ev
   if (!pane_) throw EventError("No result pane is shown.");
   if (what == "selectItems") {
     const std::vector<std::string> keys = event.Texts("keys");
-    for (const std::string& key : keys) WantedRow(key);
+    WantRows(keys);
     return [this, keys] {
       pane_->SelectRows(keys);
       target_ = Target::Rows;
@@ -81,7 +81,8 @@ Action ConsoleSession::ReadConsoleEvent(const std::string& what, const Event& ev
     };
   }
   if (what == "doubleClick") {
-    const std::string key = WantedRow(event.Text("item")).Key;
+    const std::string key = event.Text("item");
+    WantRows({key});
     return [this, key] { OpenRow(key); };
   }
   if (what == "sort") {
@@ -114,17 +115,19 @@ TreeNode& ConsoleSession::WantedNode(const Event& event) {
 
 void ConsoleSession::Expand(TreeNode& node) {
   node.expanded = node.expandable;
+  // A pane that lists the nodes below this one shows those that come now.
+  const bool shown = pane_ && &pane_->node() == &node;
   switch (node.kind) {
     case Kind::Server: {
       tree_.AddPostofficesBranch(node);
       const std::string before = run_->ServerHost;
       filtering_->ExtensionSnapIn_Expand(NodeData("SERVER_NAME", node.server), node.scope);
       // The lists are of the current server, so the one that is open follows it.
-      if (OnExtension() && run_->ServerHost != before) BuildPane();
+      if (shown || (OnExtension() && run_->ServerHost != before)) BuildPane();
       break;
     }
     case Kind::Postoffices:
-      ReloadPostoffices(node);
+      shown ? BuildPane() : ReloadPostoffices(node);
       break;
     case Kind::Postoffice:
       filtering_->ExtensionSnapIn_Expand(NodeData("POSTOFFICE_NAME", node.postoffice), node.scope);
@@ -158,10 +161,10 @@ void ConsoleSession::SelectNode(TreeNode& node) {
 
 // --- the result pane ---
 
-ListItem& ConsoleSession::WantedRow(const std::string& key) {
-  ListItem* row = pane_->FindRow(key);
-  if (!row) throw EventError("There is no row \"" + key + "\" in the pane.");
-  return *row;
+void ConsoleSession::WantRows(const std::vector<std::string>& keys) const {
+  if (const std::string* missing = pane_->FindMissing(keys)) {
+    throw EventError("There is no row \"" + *missing + "\" in the pane.");
+  }
 }
 
 void ConsoleSession::BuildPane() {
@@ -181,7 +184,7 @@ void ConsoleSession::BuildPane() {
       FillOwnPane(view);
     }
   } catch (const RuntimeError& error) {
-    ConsoleMsgBox(error.description(), "", MessageIcon::None, MessageButtons::Ok);
+    ConsoleMsgBox(error.description(), "", MessageIcon::Critical, MessageButtons::Ok);
   }
   pane.TakeRows(Comparison());
   verbs_ = VerbsOf(target_);
@@ -200,9 +203,9 @@ void ConsoleSession::FillOwnPane(ResultView& view) {
     view.ListView.Name = "lvwMailboxes";
     view.ListView.Tag = "mailbox";
     view.ListView.Columns = {{"t1", "Mailbox", 300}};
-    for (const std::string& name : servers_.MailboxNames(node.server, node.postoffice)) {
-      add("MAILBOX-" + name, name, "105");
-    }
+    NameList names;
+    servers_.ForEachMailbox(node.server, node.postoffice, [&names](const std::string& name) { names.Add(name); });
+    pane_->ListNames(std::move(names), "MAILBOX-", "105");
     return;
   }
   view.ListView.Name = node.kind == Kind::Postoffices ? "lvwPostoffices" : "lvwNodes";
@@ -225,7 +228,7 @@ void ConsoleSession::OpenRow(const std::string& key) {
   target_ = Target::Rows;
   verbs_ = VerbsOf(target_);
   if (OnExtension()) {
-    filtering_->ResultViews_ListItemDblClick(*pane_->ResultView, *pane_->FindRow(key));
+    filtering_->ResultViews_ListItemDblClick(*pane_->ResultView, *pane_->SelectedItems().front());
   } else if (TreeNode* node = tree_.Find(key)) {
     pane_->node().expanded = true;
     SelectNode(*node);
@@ -238,7 +241,7 @@ Selection ConsoleSession::SelectionOf(Target target) {
   Selection selection;
   if (target == Target::Rows) {
     selection.SelectionType = Selection::kListItems;
-    selection.ListItems = pane_->SelectedRows();
+    selection.ListItems = pane_->SelectedItems();
   } else {
     selection.SelectionType = Selection::kScopeItem;
     selection.ScopeItems = {&pane_->node().scope};
@@ -254,7 +257,7 @@ VerbStates ConsoleSession::VerbsOf(Target target) {
   }
   const bool of_mailbox = pane_->node().kind == Kind::Postoffice;
   verbs.states.refresh = true;
-  verbs.states.properties = of_mailbox && (target == Target::Node || pane_->SelectedRows().size() == 1);
+  verbs.states.properties = of_mailbox && (target == Target::Node || pane_->SelectedCount() == 1);
   return verbs.states;
 }
 
@@ -265,7 +268,7 @@ Action ConsoleSession::ReadMenu(const Event& event) {
   if (on != "node" && on != "items") throw EventError("A menu opens on \"node\" or on \"items\".");
   if (!pane_) throw EventError("No node is selected.");
   const Target target = on == "items" ? Target::Rows : Target::Node;
-  if (target == Target::Rows && pane_->SelectedRows().empty()) throw EventError("No rows are selected.");
+  if (target == Target::Rows && pane_->SelectedCount() == 0) throw EventError("No rows are selected.");
   return [this, target] {
     OpenMenu menu;
     menu.on_rows = target == Target::Rows;

@@ -100,7 +100,7 @@ void ConsoleSession::Perform(const Action& action) {
   } catch (const std::exception& error) {
     failure = std::string("Internal error: ") + error.what();
   }
-  ConsoleMsgBox(failure, "", MessageIcon::None, MessageButtons::Ok);
+  ConsoleMsgBox(failure, "", MessageIcon::Critical, MessageButtons::Ok);
 }
 
 Action ConsoleSession::Read(const std::string& what, const Event& event) {

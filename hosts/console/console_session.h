@@ -68,7 +68,7 @@ class ConsoleSession : private Toolkit, private Console {
 
   // The tree and the result pane.
   TreeNode& WantedNode(const Event& event);
-  ListItem& WantedRow(const std::string& key);
+  void WantRows(const std::vector<std::string>& keys) const;
   void Expand(TreeNode& node);
   void Collapse(TreeNode& node);
   void SelectNode(TreeNode& node);

@@ -1,52 +1,82 @@
 #include "hosts/console/json_writer.h"
 
-#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 namespace qv {
 
 namespace {
 
-constexpr std::array<bool, 256> kEscaped = [] {
-  std::array<bool, 256> escaped{};
-  for (std::size_t c = 0; c < 0x20; ++c) escaped[c] = true;
-  escaped['"'] = escaped['\\'] = true;
-  return escaped;
-}();
+bool NeedsEscape(unsigned char c) { return c < 0x20 || c == '"' || c == '\\'; }
+
+// Whether one of eight bytes needs escaping.
+bool AnyNeedsEscape(std::uint64_t bytes) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101, kHighBits = 0x8080808080808080;
+  const auto any_below = [](std::uint64_t eight, std::uint64_t bound) {
+    return (eight - bound * kOnes) & ~eight & kHighBits;
+  };
+  return (any_below(bytes, 0x20) | any_below(bytes ^ ('"' * kOnes), 1) | any_below(bytes ^ ('\\' * kOnes), 1)) != 0;
+}
+
+// The most that a byte takes, escaped.
+constexpr std::size_t kLongest = 6;
+
+char* WriteEscaped(unsigned char c, char* to) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  *to++ = '\\';
+  switch (c) {
+    case '"':
+    case '\\':
+      *to++ = static_cast<char>(c);
+      break;
+    case '\n':
+      *to++ = 'n';
+      break;
+    case '\r':
+      *to++ = 'r';
+      break;
+    case '\t':
+      *to++ = 't';
+      break;
+    default:
+      for (const char piece : {'u', '0', '0', kDigits[c >> 4], kDigits[c & 15]}) *to++ = piece;
+  }
+  return to;
+}
+
+// Copies the bytes before the first that needs escaping and takes them off the text.
+char* CopyPlain(std::string_view& text, char* to) {
+  const char* from = text.data();
+  const char* const end = from + text.size();
+  for (std::uint64_t eight = 0; end - from >= static_cast<std::ptrdiff_t>(sizeof eight); from += sizeof eight) {
+    std::memcpy(&eight, from, sizeof eight);
+    if (AnyNeedsEscape(eight)) break;
+    std::memcpy(to, &eight, sizeof eight);
+    to += sizeof eight;
+  }
+  while (from != end && !NeedsEscape(static_cast<unsigned char>(*from))) *to++ = *from++;
+  text.remove_prefix(static_cast<std::size_t>(from - text.data()));
+  return to;
+}
 
 }  // namespace
 
 void JsonWriter::Value(std::string_view text) {
-  static constexpr char kDigits[] = "0123456789abcdef";
-  Separate();
-  text_ += '"';
-  std::size_t plain = 0;  // where the stretch begins that needs no escaping
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const auto c = static_cast<unsigned char>(text[at]);
-    if (!kEscaped[c]) continue;
-    text_.append(text, plain, at - plain);
-    plain = at + 1;
-    text_ += '\\';
-    switch (c) {
-      case '"':
-      case '\\':
-        text_ += static_cast<char>(c);
-        break;
-      case '\n':
-        text_ += 'n';
-        break;
-      case '\r':
-        text_ += 'r';
-        break;
-      case '\t':
-        text_ += 't';
-        break;
-      default:
-        text_.append("u00").append(1, kDigits[c >> 4]).append(1, kDigits[c & 15]);
-    }
+  char* to = Room(text.size() + 3);
+  if (separate_) *to++ = ',';
+  *to++ = '"';
+  for (;;) {
+    to = CopyPlain(text, to);
+    if (text.empty()) break;
+    Used(to, true);
+    to = WriteEscaped(static_cast<unsigned char>(text.front()), Room(kLongest + text.size()));
+    text.remove_prefix(1);
   }
-  text_.append(text, plain);
-  text_ += '"';
-  separate_ = true;
+  *to++ = '"';
+  Used(to, true);
 }
+
+void JsonWriter::Grow(std::size_t bytes) { text_.resize(2 * text_.size() + bytes); }
 
 }  // namespace qv

@@ -10,23 +10,32 @@ namespace qv {
 // UTF-8, and keys need no escaping.
 class JsonWriter {
  public:
-  explicit JsonWriter(std::size_t expected_size) { text_.reserve(expected_size); }
+  explicit JsonWriter(std::size_t expected_size) : text_(expected_size, '\0') {}
 
-  std::string Take() { return std::move(text_); }
+  std::string Take() {
+    text_.resize(used_);
+    return std::move(text_);
+  }
 
   void Open(char bracket) {
-    Separate();
-    text_ += bracket;
-    separate_ = false;
+    char* to = Room(2);
+    if (separate_) *to++ = ',';
+    *to++ = bracket;
+    Used(to, false);
   }
   void Close(char bracket) {
-    text_ += bracket;
-    separate_ = true;
+    char* to = Room(1);
+    *to++ = bracket;
+    Used(to, true);
   }
   JsonWriter& Key(std::string_view key) {
-    Separate();
-    text_.append(1, '"').append(key).append("\":");
-    separate_ = false;
+    char* to = Room(key.size() + 4);
+    if (separate_) *to++ = ',';
+    *to++ = '"';
+    to += key.copy(to, key.size());
+    *to++ = '"';
+    *to++ = ':';
+    Used(to, false);
     return *this;
   }
 
@@ -41,9 +50,10 @@ class JsonWriter {
   void Null() { Raw("null"); }
   // What is JSON already.
   void Raw(std::string_view json) {
-    Separate();
-    text_ += json;
-    separate_ = true;
+    char* to = Room(json.size() + 1);
+    if (separate_) *to++ = ',';
+    to += json.copy(to, json.size());
+    Used(to, true);
   }
 
   template <class Type>
@@ -66,11 +76,19 @@ class JsonWriter {
   }
 
  private:
-  void Separate() {
-    if (separate_) text_ += ',';
+  // Where the next bytes go, of which there may be so many. Used then tells where they end.
+  char* Room(std::size_t bytes) {
+    if (text_.size() - used_ < bytes) Grow(bytes);
+    return text_.data() + used_;
   }
+  void Used(const char* end, bool separate) {
+    used_ = static_cast<std::size_t>(end - text_.data());
+    separate_ = separate;
+  }
+  void Grow(std::size_t bytes);
 
-  std::string text_;
+  std::string text_;  // what is written, and room behind it
+  std::size_t used_ = 0;
   bool separate_ = false;
 };
 

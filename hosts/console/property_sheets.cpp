@@ -37,11 +37,11 @@ class PageCollector : public PropertySheet {
 
 void ConsoleSession::OpenProperties(Target target) {
   const TreeNode& node = pane_->node();
-  const Selection selection = SelectionOf(target);
-  const std::string subject = target == Target::Rows ? selection.ListItems.front()->Text : node.caption();
+  const std::string subject = target == Target::Rows ? pane_->SelectedText() : node.caption();
   auto sheet = std::make_unique<Sheet>(subject + " Properties");
   PageCollector collector(*run_, *sheet);
   if (OnExtension()) {
+    const Selection selection = SelectionOf(target);
     if (!filtering_->Views_QueryPagesFor(selection)) return;
     filtering_->Views_CreatePropertyPages(selection, collector);
   } else if (target == Target::Rows) {

@@ -46,9 +46,8 @@ void WriteItem(const ListItem& item, const ListView& list, bool selected, JsonWr
 
 void WriteView(const ResultPane& pane, JsonWriter& to) {
   const ListView& list = pane.ResultView->ListView;
-  const auto& shown = pane.Shown();
-  const std::size_t first = std::min(pane.offset(), shown.size());
-  const std::size_t last = std::min(first + ResultPane::kWindow, shown.size());
+  const std::size_t first = std::min(pane.offset(), pane.Count());
+  const std::size_t last = std::min(first + ResultPane::kWindow, pane.Count());
   to.Object([&] {
     to.Field("name", list.Name);
     to.Field("tag", list.Tag);
@@ -70,10 +69,11 @@ void WriteView(const ResultPane& pane, JsonWriter& to) {
       to.Null();
     }
     if (pane.CanFilter()) to.Field("filter", pane.filter());
-    to.Field("total", shown.size());
+    to.Field("total", pane.Count());
     to.Field("offset", first);
     to.Key("items").Open('[');
-    for (std::size_t n = first; n < last; ++n) WriteItem(*shown[n], list, pane.IsSelected(*shown[n]), to);
+    ListItem made;
+    for (std::size_t n = first; n < last; ++n) WriteItem(pane.Shown(n, made), list, pane.IsSelected(n), to);
     to.Close(']');
   });
 }

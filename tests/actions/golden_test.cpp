@@ -231,6 +231,17 @@ TEST_P(ActionGolden, AnErrorAtSavingLeavesTheDialogOpenAndSignalsNothing) {
   EXPECT_EQ(t.registry.TakeReloads(), 0);
 }
 
+TEST_P(ActionGolden, AnErrorAtEditingLeavesTheDialogOpenAndSignalsNothing) {
+  PutTask();
+  t.store.Raise("Task.EditTask", "The store is down.");
+  Open(ActionDialog::kEdit, [&](ActionDialog& dialog, Person& person) {
+    EXPECT_THROW(person.Click("cmdOK"), RuntimeError);
+    EXPECT_TRUE(dialog.Loaded());
+  });
+  EXPECT_TRUE(t.desktop.messages.empty());
+  EXPECT_EQ(t.registry.TakeReloads(), 0);
+}
+
 TEST_P(ActionGolden, AGuidThatIsRefusedGivesTheFixedOne) {
   t.guids.refuse = true;
   Open(ActionDialog::kAdd, [&](ActionDialog&, Person& person) {

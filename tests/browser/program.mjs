@@ -16,10 +16,12 @@ export function Run(...args) {
   return execFileSync(program, args, { encoding: "utf8" });
 }
 
-async function Directory(t) {
+const FillDemo = (data) => Run("init", "--data", data, "--demo");
+
+async function Directory(t, fill) {
   const data = await mkdtemp(join(tmpdir(), "server-"));
   t.after(() => rm(data, { recursive: true, force: true }));
-  Run("init", "--data", data, "--demo");
+  await fill(data);
   return data;
 }
 
@@ -43,13 +45,14 @@ async function Serve(t, local, far) {
   return { server, address };
 }
 
-export async function OpenServer(t, { expected = [], before = () => undefined, ...options } = {}) {
+// `fill` makes the local server's data directory, `before` gets the page before it goes to the program.
+export async function OpenServer(t, { expected = [], fill = FillDemo, before = () => undefined, ...options } = {}) {
   // What is left to do after the test is done in this order: the page goes before the server that it talks to.
   const context = await NewContext(t, options);
   const page = await context.newPage();
   Watch(t, page, expected);
-  const local = await Directory(t);
-  const far = await Directory(t);
+  const local = await Directory(t, fill);
+  const far = await Directory(t, FillDemo);
   const { server, address } = await Serve(t, local, far);
   await before(page);
   await page.goto(address);

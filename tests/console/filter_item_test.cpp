@@ -90,6 +90,19 @@ TEST_F(FilterItem, ListsTheFiltersOfItsScope) {
   dialog().AddFilter(name, "", "", "");
 }
 
+TEST_F(FilterItem, ListsTheFiltersOfItsHost) {
+  filters() = {{"FLT1", "CRT1", "", "Here", "", 1, "abc", "joe"}};
+  run.store.server("MAIL2").filters = {{"FLT1", "CRT1", "", "Joe's", "", 0, "abc", "joe"},
+                                       {"FLT2", "CRT2", "", "Of abc", "", 1, "abc", ""},
+                                       {"FLT3", "CRT3", "", "", "", 1, "abc", "joe"}};
+  run.desktop.Visit([&](Form& form) {
+    EXPECT_THAT(dialog().lstFilters.Items(), ElementsAre("Filter (1) - Joe's", "Filter (2) - "));
+    form.Unload();
+  });
+  std::string name;
+  dialog().AddFilter(name, "abc", "joe", "MAIL2");
+}
+
 TEST_F(FilterItem, OfAnEmptyScopeDisablesTheList) {
   run.desktop.Visit([&](Form& form) {
     EXPECT_THAT(dialog().lstFilters.Items(), IsEmpty());
@@ -223,6 +236,21 @@ TEST_F(FilterEdit, ARefusedUpdateIsToldAndTheDialogStays) {
   }
 }
 
+TEST_F(FilterEdit, AFilterThatVanishesMeanwhileIsNotUpdated) {
+  filters() = {{"FLT1", "CRT1", "", "Old", "", 1, "", ""}};
+  Edit("FLT1", [&](Person& person) {
+    filters().clear();
+    person.Set("txtName", "New");
+    person.Click("cmdOK");
+    EXPECT_TRUE(dialog().Loaded());
+    EXPECT_EQ(dialog().txtName.Text(), "New");
+    person.Click("cmdCancel");
+  });
+  EXPECT_THAT(run.desktop.messages, ElementsAre(Error("The update to the filter failed.")));
+  EXPECT_TRUE(filters().empty());
+  EXPECT_TRUE(criteria().empty());
+}
+
 TEST_F(FilterEdit, AnErrorOfTheUpdateIsToldAndTheDialogStays) {
   filters() = {{"FLT1", "CRT1", "", "Old", "", 1, "", ""}};
   run.store.Raise("Filter.EditFilter", "Locked.");
@@ -245,6 +273,49 @@ TEST_F(FilterEdit, EditsWhereTheLastAddWas) {
   });
   EXPECT_EQ(filters()[0].Description, "System");
   EXPECT_EQ(filters()[1].Description, "changed");
+}
+
+TEST_F(FilterEdit, EditsOnTheHostOfTheLastAdd) {
+  filters() = {{"FLT1", "CRT1", "", "Here", "", 1, "", ""}};
+  auto& far = run.store.server("MAIL2").filters;
+  far = {{"FLT1", "CRT1", "", "Far", "", 1, "", ""}};
+  run.desktop.Visit([](Form& form) { form.Unload(); });
+  std::string name;
+  dialog().AddFilter(name, "", "", "MAIL2");
+  Edit("FLT1", [&](Person& person) {
+    EXPECT_EQ(dialog().txtName.Text(), "Far");
+    person.Set("txtName", "changed");
+    person.Click("cmdOK");
+  });
+  EXPECT_EQ(far[0].Description, "changed");
+  EXPECT_EQ(filters()[0].Description, "Here");
+}
+
+TEST_F(FilterEdit, BetweenTwoAddsLeavesNothingBehind) {
+  filters() = {{"FLT1", "CRT1", "act", "Old", "note", 0, "", ""}};
+  EXPECT_TRUE(Add("First"));
+  Edit("FLT1", [&](Person& person) {
+    EXPECT_EQ(dialog().Height(), 0);
+    person.Click("cmdOK");
+  });
+  run.desktop.Visit([&](Form& form) {
+    EXPECT_EQ(form.Caption(), "Add New Filter Item");
+    EXPECT_EQ(form.Height(), 3195);
+    EXPECT_EQ(dialog().txtName.Text(), "");
+    EXPECT_TRUE(dialog().chkStatus.Checked());
+    EXPECT_TRUE(dialog().fmeSortOrder.Enabled());
+    EXPECT_TRUE(dialog().optOrder0.Enabled());
+    EXPECT_TRUE(dialog().optOrder1.Enabled());
+    EXPECT_TRUE(dialog().lstFilters.Enabled());
+    Person(form).Set("txtName", "Second");
+    Person(form).Click("cmdOK");
+  });
+  EXPECT_TRUE(dialog().AddFilter(handed_back, "", "", ""));
+  ASSERT_EQ(filters().size(), 3u);
+  EXPECT_EQ(filters()[0].Description, "Old");
+  EXPECT_EQ(filters()[2].Description, "Second");
+  EXPECT_EQ(filters()[2].ActionID, "");
+  EXPECT_EQ(filters()[2].Note, "");
 }
 
 }  // namespace

@@ -194,6 +194,24 @@ TEST_F(Order, ARefusalIsNotLookedAt) {
   EXPECT_THAT(run.desktop.messages, IsEmpty());
 }
 
+TEST_F(Order, AFilterThatHasVanishedMovesInTheListAlone) {
+  Add("FLT1", "One");
+  Add("FLT2", "Two", 0);
+  Show([&](Person& person) {
+    run.store.server().filters.erase(run.store.server().filters.begin());
+    person.Pick("lvwFilters", 0);
+    run.store.calls.clear();
+    person.Click("cmdDown");
+    EXPECT_THAT(run.store.calls, ElementsAre("Filter.Create", "Filter.SetHost@", "Filter.getfilter@(FLT1)",
+                                             "Filter.EditFilter@(FLT1,-1,,,,,2)"));
+    EXPECT_THAT(Rows(), ElementsAre("FLT2|Two|Disabled", "FLT1|One|Enabled"));
+    EXPECT_EQ(dialog().lvwFilters.Selected(), 1);
+  });
+  EXPECT_THAT(Stored(), ElementsAre("FLT2"));
+  EXPECT_THAT(run.desktop.messages, IsEmpty());
+  Show([&](Person&) { EXPECT_THAT(Rows(), ElementsAre("FLT2|Two|Disabled")); });
+}
+
 TEST_F(Order, AnErrorOfAMoveIsTold) {
   Add("FLT1", "One");
   Add("FLT2", "Two");

@@ -1,5 +1,7 @@
 // The buttons of the "Filters" pages.
 
+#include "editor/manage_dialog.h"
+#include "platform/runtime_error.h"
 #include "tests/console/filter_pages_fixture.h"
 
 namespace qv {
@@ -158,6 +160,83 @@ TEST_F(PageCommands, MoveTheSelectedFilterWithinItsScope) {
   Person(mailbox).Click("cmdDown");
   EXPECT_THAT(Stored(), ElementsAre("FLT1", "FLT2"));
   EXPECT_EQ(run.registry.TakeReloads(), 0);
+}
+
+TEST_F(PageCommands, ActOnTheHostOfThePage) {
+  Add("FLT01", "Here");
+  auto& far = run.store.server("MAIL2");
+  far.filters = {{"FLT01", "CRT01", "", "One", "", 1, "abc", "joe"},
+                 {"FLT02", "CRT02", "", "Two", "", 1, "abc", "joe"}};
+  far.criteria = {{"CRT02", "1", "", "Far", 1, "", 1, "abc", "joe"}};
+  data.Add("host", "MAIL2");
+  Start(mailbox);
+  run.desktop.Visit([](Form& form) {
+    Person(form).Set("txtName", "Three");
+    Person(form).Click("cmdOK");
+  });
+  Person(mailbox).Click("cmdAdd");
+  ASSERT_EQ(mailbox.lvwFilters.Count(), 3);
+  EXPECT_EQ(mailbox.lvwFilters.Row(2).Text, "Three");
+  Person(mailbox).Pick("lvwFilters", 0);
+  Person(mailbox).Click("cmdDown");
+  Person(mailbox).Click("cmdDisable");
+  EXPECT_THAT(mailbox.lvwFilters.Rows().at(1).SubItems, ElementsAre("Disabled"));
+  run.desktop.Visit([](Form& form) {
+    EXPECT_EQ(dynamic_cast<frmManage&>(form).lvwCriteria.Count(), 1);
+    form.Unload();
+  });
+  Person(mailbox).Open("lvwFilters", 0);
+  run.desktop.answers = {MessageAnswer::Yes};
+  Person(mailbox).Click("cmdDelete");
+  Person(mailbox).Click("chkEnabled");
+  mailbox.ApplyChanges();
+  ASSERT_EQ(far.filters.size(), 2u);
+  EXPECT_EQ(far.filters[0].FilterEntryID, "FLT01");
+  EXPECT_EQ(far.filters[0].Status, 0);
+  ASSERT_EQ(far.options.size(), 1u);
+  EXPECT_EQ(far.options[0].Value, "1");
+  EXPECT_THAT(Stored(), ElementsAre("FLT01"));
+  EXPECT_EQ(run.store.server().filters[0].Status, 1);
+  EXPECT_TRUE(run.store.server().options.empty());
+}
+
+TEST_F(PageCommands, AFilterThatHasVanishedIsActedOnInSilence) {
+  for (const char* button : {"cmdEnable", "cmdDisable", "cmdDelete"}) {
+    run.store.server().filters.clear();
+    Add("FLT1", "One");
+    Add("FLT2", "Two");
+    Start(mailbox);
+    Person(mailbox).Pick("lvwFilters", 0);
+    run.store.server().filters.erase(run.store.server().filters.begin());
+    run.desktop.answers = {MessageAnswer::Yes};
+    Person(mailbox).Click(button);
+    EXPECT_THAT(Rows(mailbox), ElementsAre("FLT2|Two|Enabled")) << button;
+    run.desktop.answers.clear();
+  }
+  // The question of the deletion alone.
+  EXPECT_EQ(run.desktop.messages.size(), 1u);
+}
+
+TEST_F(PageCommands, AnErrorOfAnyOtherCommandGoesToTheConsolesRuntime) {
+  struct Case {
+    const char *button, *operation;
+  };
+  const Case cases[] = {{"cmdEdit", "Criteria.FindFirstCriteria"},
+                        {"cmdDelete", "Filter.RemoveFilter"},
+                        {"cmdEnable", "Filter.getfilter"},
+                        {"cmdDisable", "Filter.EditFilter"}};
+  Add("FLT01", "One");
+  for (const Case& c : cases) {
+    Start(mailbox);
+    Person(mailbox).Pick("lvwFilters", 0);
+    run.store.Raise(c.operation, "Locked.");
+    run.desktop.answers = {MessageAnswer::Yes};
+    EXPECT_THROW(Person(mailbox).Click(c.button), RuntimeError) << c.button;
+    run.store.Heal();
+    run.desktop.answers.clear();
+  }
+  EXPECT_EQ(run.desktop.messages.size(), 1u);
+  EXPECT_THAT(Rows(mailbox), ElementsAre("FLT01|One|Enabled"));
 }
 
 TEST_F(PageCommands, AnErrorOfAMoveIsTold) {

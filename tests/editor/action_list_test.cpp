@@ -118,9 +118,13 @@ TEST_F(ActionLists, WithoutASelectedRowNothingActs) {
   EXPECT_TRUE(t.store.calls.empty());
   EXPECT_TRUE(Messages().empty());
   person.Pick("lvwActions", -1);
-  EXPECT_EQ(Buttons(), "");
+  EXPECT_EQ(Buttons(), "Delete Up Down");
   person.Open("lvwActions", -1);
   EXPECT_TRUE(t.store.calls.empty());
+  tasks().resize(1);
+  form.list.LoadTasks("CRTF", 0);
+  person.Pick("lvwActions", -1);
+  EXPECT_EQ(Buttons(), "Delete");
 }
 
 TEST_F(ActionLists, AnErrorAtLoadingGoesToTheOpener) {

@@ -43,9 +43,9 @@ class Model {
   }
   void Follow() {
     const long last = static_cast<long>(rows.size()) - 1;
-    if (last >= 0) can_delete = selected >= 0;
-    can_up = selected > 0;
-    can_down = selected >= 0 && selected < last;
+    if (last >= 0) can_delete = true;
+    can_up = last > 0 && selected != 0;
+    can_down = last > 0 && selected != last;
   }
   Row* InStore(const std::string& id) {
     const auto found = std::find_if(store.begin(), store.end(), [&](const Row& row) { return row.id == id; });

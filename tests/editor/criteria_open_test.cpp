@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "criteria/criterion_dialog.h"
+#include "platform/runtime_error.h"
 #include "tests/editor/criteria_list_fixture.h"
 
 namespace qv {
@@ -133,6 +134,38 @@ TEST_F(CriteriaOpen, ACancelLeavesTheRow) {
     Person(shown).Click("cmdCancel");
   });
   Open("16");
+  EXPECT_EQ(StatusOf("16"), "Enabled");
+}
+
+TEST_F(CriteriaOpen, TheCloseBoxGivesTheDialogsLastResultAgain) {
+  for (const char* rule : {"10", "21", "23"}) Add(rule, 0);
+  Load();
+  const auto close = [](Form& shown) { Person(shown).Close(); };
+  run.desktop.Visit(close);
+  Open("21");
+  EXPECT_EQ(StatusOf("21"), "Disabled");
+  run.desktop.Visit([](Form& shown) {
+    Person(shown).Click("chkStatus");
+    Person(shown).Click("cmdOK");
+  });
+  Open("10");
+  run.desktop.Visit(close);
+  Open("21");
+  EXPECT_EQ(StatusOf("21"), "Enabled");
+  EXPECT_EQ(run.store.server().criteria[1].Status, 0);
+  run.desktop.Visit([](Form& shown) { Person(shown).Click("cmdCancel"); });
+  Open("23");
+  run.desktop.Visit(close);
+  Open("23");
+  EXPECT_EQ(StatusOf("23"), "Disabled");
+}
+
+TEST_F(CriteriaOpen, AnErrorGoesToTheConsolesRuntimeAndLeavesTheRow) {
+  Add("16", 1);
+  Load();
+  run.store.Raise("Criteria.GetCriteria", "Locked.");
+  EXPECT_THROW(Open("16"), RuntimeError);
+  EXPECT_THAT(run.desktop.messages, IsEmpty());
   EXPECT_EQ(StatusOf("16"), "Enabled");
 }
 

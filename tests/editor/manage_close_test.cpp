@@ -62,6 +62,27 @@ TEST_F(ManageClose, ClosingWhereScriptingIsOffSwitchesAnActiveScriptOff) {
   EXPECT_EQ(Both(), "active -, off text");
 }
 
+TEST_F(ManageClose, ClosingAMailboxsFilterLooksForAScriptBelowItsPostoffice) {
+  SwitchScriptingOn();
+  run.files.Put(kActive, "system");
+  run.files.Put("C:\\Config\\postoffices\\abc\\rules\\Criteria\\CRT1X.QVS", "text");
+  Open([](Person& person) { person.Click("cmdClose"); }, "FLT1X", "abc", "joe");
+  EXPECT_EQ(run.files.Get("C:\\Config\\postoffices\\abc\\rules\\Criteria\\CRT1X.QVS"), std::nullopt);
+  EXPECT_EQ(run.files.Get("C:\\Config\\postoffices\\abc\\rules\\Criteria\\CRT1X.QV_"), "text");
+  EXPECT_EQ(Both(), "active system, off -");
+}
+
+TEST_F(ManageClose, TheStateOfTheFileIsAskedForAtTheClose) {
+  SwitchScriptingOn();
+  run.files.Put(kActive, "text");
+  Open([&](Person& person) {
+    ExpectScriptMode();
+    run.files.Rename(kActive, kOff);  // another console
+    person.Click("cmdClose");
+  });
+  EXPECT_EQ(Both(), "active text, off -");
+}
+
 TEST_F(ManageClose, TheCloseBoxKeepsTheFile) {
   SwitchScriptingOn();
   run.files.Put(kActive, "text");

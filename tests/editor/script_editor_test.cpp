@@ -117,6 +117,31 @@ TEST_F(ScriptEditor, TheCharacterBeforeTheCaretStandsTwice) {
   EXPECT_EQ(Inserted("\u00e4\u00f6\u00fc", 2), "\u00e4\u00f6\r\nCriteriaMet([QV_BODY],\"Value\")\r\n\u00f6\u00fc");
 }
 
+TEST_F(ScriptEditor, ALineEndCountsAsTwoCharacters) {
+  EXPECT_EQ(Inserted("a\r\nb", 3), "a\r\n\r\nCriteriaMet([QV_BODY],\"Value\")\r\n\nb");
+}
+
+TEST_F(ScriptEditor, ASelectionIsNotReplacedByAToken) {
+  Visit([this](Person& person) {
+    person.Set("txtCondition", "abcd");
+    editor.txtCondition.Select(1, 2);
+    person.Open("lstTokens", Token("[QV_DKIM]"));
+    EXPECT_EQ(editor.txtCondition.Text(), "a\r\nCriteriaMet([QV_DKIM],\"Value\")\r\nabcd");
+  });
+}
+
+TEST_F(ScriptEditor, OpenedAgainShowsTheFileAndNotWhatWasTyped) {
+  t.files.Put(kOff, "file");
+  Visit([](Person& person) {
+    person.Set("txtCondition", "typed");
+    person.Click("cmdCancel");
+  });
+  Visit([this](Person&) {
+    EXPECT_EQ(editor.txtCondition.Text(), "file");
+    EXPECT_EQ(editor.lstTokens.ListCount(), 21);
+  });
+}
+
 TEST_F(ScriptEditor, TheEmptySpaceOfTheTokensInsertsNothing) {
   Visit([this](Person& person) {
     person.Set("txtCondition", "abc");

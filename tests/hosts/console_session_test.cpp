@@ -261,6 +261,20 @@ TEST_F(Console, TheNodesBelowOpenFromTheirRows) {
   EXPECT_EQ(c.at("/tree/children/1/children/0/children/0/selected"), true);
 }
 
+TEST_F(Console, ANodeThatIsSelectedListsWhatItsExpansionBrings) {
+  world.Import("LOCALHOST", R"({"postoffices": [{"Name": "beta"}]})");
+  ConsoleDriver c(world.servers());
+  c.Do(R"({"do":"select","node":"server:LOCALHOST"})");
+  EXPECT_EQ(c.Cells(), Texts{});
+  c.Do(R"({"do":"expand","node":"server:LOCALHOST"})");
+  EXPECT_EQ(c.Cells(), (Texts{"Postoffices", "Filters", "Spam Protection"}));
+  c.Do(R"({"do":"select","node":"server:LOCALHOST/postoffices"})");
+  world.Import("LOCALHOST", R"({"postoffices": [{"Name": "beta"}, {"Name": "alpha"}]})");
+  c.Do(R"({"do":"expand","node":"server:LOCALHOST/postoffices"})");
+  EXPECT_EQ(c.Cells(), (Texts{"beta", "alpha"}));
+  EXPECT_EQ(c.at("/tree/children/0/children/0/children/1/id"), "server:LOCALHOST/postoffice:alpha");
+}
+
 TEST_F(Console, CollapsingSelectsTheNodeAboveTheSelectedOne) {
   ConsoleDriver c(world.servers());
   c.OpenFilters();
@@ -329,13 +343,50 @@ TEST_F(Console, AnErrorOfTheStoreIsToldAndTheRunGoesOn) {
   }
   const std::string message = c.Message();
   EXPECT_NE(message.find("quillvane.db"), std::string::npos) << message;
-  EXPECT_NE(message.find("|Quillvane Filtering Administration|none"), std::string::npos) << message;
+  EXPECT_NE(message.find("|Quillvane Filtering Administration|critical"), std::string::npos) << message;
   EXPECT_EQ(c.at("/message/buttons"), (boost::json::array{"ok"}));
   c.Do(R"({"do":"answer","button":"ok"})");
   EXPECT_EQ(ReloadsOn("LOCALHOST"), 0);
   c.Do(R"({"do":"menu","on":"items"})");
   c.Do(R"({"do":"choose","name":"mnuFilterDisable"})");
   EXPECT_EQ(c.Cells().front(), "Zulu|Disabled");
+}
+
+TEST_F(Console, AListThatCantBeReadIsTold) {
+  ConsoleDriver c(world.servers());
+  c.OpenFilters();
+  const std::filesystem::path database = world.DatabaseOf("LOCALHOST"), away = database.string() + ".away";
+  const std::string missing = "The database '" + database.string() + "' is missing.|Quillvane Filtering Administration";
+  std::filesystem::rename(database, away);
+  c.Do(R"({"do":"verb","name":"refresh"})");
+  EXPECT_EQ(c.Message(), "Error displaying filter list:" + missing + "|none");
+  c.Refused(R"({"do":"verb","name":"refresh"})");
+  c.Do(R"({"do":"answer","button":"ok"})");
+  c.Do(R"({"do":"select","node":"server:LOCALHOST/postoffices"})");
+  EXPECT_EQ(c.Message(), missing + "|critical");
+  c.Do(R"({"do":"answer","button":"ok"})");
+  c.Do(R"({"do":"expand","node":"server:LOCALHOST/postoffices"})");
+  EXPECT_EQ(c.Message(), missing + "|critical");
+  c.Do(R"({"do":"answer","button":"ok"})");
+  std::filesystem::rename(away, database);
+  c.Do(R"({"do":"select","node":"server:LOCALHOST/filters"})");
+  EXPECT_EQ(c.Cells().size(), 3u);
+}
+
+TEST_F(Console, ADeleteThatTheStoreCantCarryOutIsTold) {
+  ConsoleDriver c(world.servers());
+  c.OpenFilters();
+  SelectRows(c, R"("FILTER-FLT1")");
+  c.Do(R"({"do":"verb","name":"delete"})");
+  const std::filesystem::path database = world.DatabaseOf("LOCALHOST"), away = database.string() + ".away";
+  std::filesystem::rename(database, away);
+  c.Do(R"({"do":"answer","button":"yes"})");
+  EXPECT_EQ(c.Message(), "Error deleting item:The database '" + database.string() +
+                             "' is missing.|Quillvane Filtering Administration|none");
+  c.Do(R"({"do":"answer","button":"ok"})");
+  std::filesystem::rename(away, database);
+  EXPECT_EQ(c.Cells().size(), 3u);
+  EXPECT_EQ(ReloadsOn("LOCALHOST"), 0);
 }
 
 TEST_F(Console, EveryEventIsAnsweredWithItsId) {

@@ -28,6 +28,22 @@ TEST(JsonWriter, EveryCharacterComesBack) {
   EXPECT_EQ(boost::json::parse(Written(all)).as_string(), all);
 }
 
+TEST(JsonWriter, EscapesWhereverInAStretchACharacterStands) {
+  for (std::size_t length = 1; length < 20; ++length) {
+    for (std::size_t at = 0; at < length; ++at) {
+      for (const char c : {'"', '\\', '\x1f', '\0', ' ', '!', '#', '[', ']', '\x7f', '\xa2'}) {
+        const std::string before(at, '~'), after(length - at - 1, '\x80');
+        const std::string escaped = c == '"'      ? "\\\""
+                                    : c == '\\'   ? "\\\\"
+                                    : c == '\x1f' ? "\\u001f"
+                                    : c == '\0'   ? "\\u0000"
+                                                  : std::string(1, c);
+        EXPECT_EQ(Written(before + c + after), '"' + before + escaped + after + '"');
+      }
+    }
+  }
+}
+
 TEST(JsonWriter, SeparatesWhatStandsBesideEachOther) {
   JsonWriter to(0);
   to.Object([&to] {

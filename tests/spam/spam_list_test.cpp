@@ -124,6 +124,17 @@ TEST_F(SpamListTest, ADoubleClickOpensTheDialogWithTheWeightsShown) {
   EXPECT_EQ(console.messages, std::vector<ShownMessage>{});
 }
 
+TEST_F(SpamListTest, WeightsThatAreNumbersOfAnyFormCanBeChanged) {
+  for (const char* weight : {"1.5", " 5 ", "1000.0", "&H10"}) {
+    desktop.Visit([weight](Form& form) {
+      EXPECT_EQ(dynamic_cast<frmAdjustSpamWeight&>(form).txtPositive.Text(), weight);
+      Person(form).Close();
+    });
+    EXPECT_TRUE(EditSpamItem(run, console, Row("SYSFILTER-[RBL]", weight, "0"))) << weight;
+  }
+  EXPECT_EQ(console.messages, std::vector<ShownMessage>{});
+}
+
 TEST_F(SpamListTest, TheListIsRedisplayedAlsoAfterCancel) {
   desktop.Visit([](Form& form) { Person(form).Click("cmdCancel"); });
   EXPECT_TRUE(EditSpamItem(run, console, Row("SYSFILTER-[RBL]", "12", "3")));

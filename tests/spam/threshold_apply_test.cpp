@@ -73,6 +73,23 @@ TEST_F(ThresholdApplyTest, ApplySavesInOrder) {
   EXPECT_EQ(desktop.messages, std::vector<ShownMessage>{});
 }
 
+TEST_F(ThresholdApplyTest, NumbersOfAnyFormAreStoredAsTheyStand) {
+  Start();
+  Set(" 7 ", "1e2", "&H64");
+  EXPECT_TRUE(page.ApplyChanges());
+  EXPECT_EQ(Options(), (std::vector<std::string>{"0 GLOBAL SpamThresholdLow= 7 ", "0 GLOBAL SpamThresholdMedium=1e2",
+                                                 "0 GLOBAL SpamThresholdHigh=&H64"}));
+  store.calls.clear();
+  files.writes.clear();
+  registry.writes.clear();
+  Set("(5)", "", "");
+  ExpectRefusal("You need to enter a low threshold greater than zero.", page.txtLow);
+  Set("1,000", "", "");
+  ExpectRefusal("You need to enter a low threshold less than 100.", page.txtLow);
+  Set("5 0", "", "");
+  ExpectRefusal("You need to enter a low threshold.", page.txtLow);
+}
+
 TEST_F(ThresholdApplyTest, ThresholdsAreNotComparedWithEachOther) {
   Start();
   Set("90", "50", "10");

@@ -32,6 +32,19 @@ TEST_F(ThresholdPageTest, LoadsStoredValuesThatAreNumbers) {
   EXPECT_FALSE(page.Changed());
 }
 
+TEST_F(ThresholdPageTest, LoadsStoredValuesWithoutTheBlanksAtTheirEnds) {
+  StoreOption("SpamThresholdLow", " 33 ");
+  StoreOption("SpamThresholdMedium", "  ");
+  Start();
+  EXPECT_EQ(Texts(), (std::vector<std::string>{"33", "60", "80"}));
+}
+
+TEST_F(ThresholdPageTest, OnlyAFilterThatIsOnTicksTheBox) {
+  store.server().filters.at(0).Status = 2;
+  Start();
+  EXPECT_FALSE(page.chkEnabled.Checked());
+}
+
 TEST_F(ThresholdPageTest, ReadsTheFilterFromTheConsolesServerAndThresholdsFromThePagesHost) {
   run.ServerHost = "ONE";
   AddFilter("ONE", 0);

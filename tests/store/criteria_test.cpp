@@ -48,6 +48,36 @@ TEST_F(CriteriaTest, ADuplicateOfAScopeIsRefused) {
   EXPECT_THAT(List("abc"), ElementsAre("1"));
 }
 
+TEST_F(CriteriaTest, ACallKeepsToItsScopeAndItsFilter) {
+  Add("1");
+  Add("1", "abc");
+  auto edit = New("1", "abc");
+  EXPECT_EQ(edit->EditCriteria("1", 1, "", "", "Of abc", "words", 1), 1);
+  auto read = New("1");
+  ASSERT_EQ(read->GetCriteria(), 1);
+  EXPECT_EQ(read->Status, 0);
+  EXPECT_EQ(read->Values, "");
+  auto of_mailbox = New("1", "abc");
+  of_mailbox->Mailbox = "joe";
+  EXPECT_EQ(of_mailbox->GetCriteria(), 0);
+  EXPECT_EQ(of_mailbox->EditCriteria("1", 1, "", "", "", "", 1), 0);
+  EXPECT_EQ(of_mailbox->FindFirstCriteria(), 0);
+  auto of_another = New("1");
+  of_another->CriteriaID = "CRT2";
+  EXPECT_EQ(of_another->GetCriteria(), 0);
+  EXPECT_EQ(of_another->FindFirstCriteria(), 0);
+}
+
+TEST_F(CriteriaTest, ARowThatIsFoundBringsItsScope) {
+  Add("1", "abc");
+  auto criteria = New("", "abc");
+  ASSERT_EQ(criteria->FindFirstCriteria(), 1);
+  EXPECT_EQ(criteria->Postoffice, "abc");
+  EXPECT_EQ(criteria->Mailbox, "");
+  EXPECT_EQ(criteria->FindNextCriteria(), 0);
+  EXPECT_EQ(criteria->RuleID, "1");
+}
+
 TEST_F(CriteriaTest, GetReadsEveryFieldOrLeavesAll) {
   Add("7");
   auto criteria = New("7");

@@ -188,6 +188,53 @@ TEST_F(FiltersTest, AListingGoesOnWhateverTheFieldsHoldAndWhateverChanges) {
   EXPECT_THAT(List(), ElementsAre("FLT3", "FLT2"));
 }
 
+TEST_F(FiltersTest, AnotherFindFirstBeginsAnewInItsOwnScope) {
+  Add("FLT1");
+  Add("FLT2");
+  Add("FLT3", "abc");
+  auto filter = New();
+  ASSERT_EQ(filter->FindFirstFilter(), 1);
+  filter->FilterEntryID = filter->Description = "";
+  filter->Status = -1;
+  ASSERT_EQ(filter->FindFirstFilter(), 1);
+  EXPECT_EQ(filter->FilterEntryID, "FLT1");
+  filter->FilterEntryID = filter->Description = "";
+  filter->Status = -1;
+  filter->Postoffice = "abc";
+  ASSERT_EQ(filter->FindFirstFilter(), 1);
+  EXPECT_EQ(filter->FilterEntryID, "FLT3");
+  EXPECT_EQ(filter->FindNextFilter(), 0);
+}
+
+TEST_F(FiltersTest, ChangesKeepToTheirScope) {
+  for (const char* postoffice : {"", "abc"}) {
+    Add("FLT1", postoffice);
+    Add("FLT2", postoffice);
+  }
+  Add("FLT1", "abc", "joe");
+  auto edit = New("abc");
+  edit->FilterEntryID = "FLT2";
+  EXPECT_EQ(edit->EditFilter("FLT2", 0, "Of abc", "", "", "", 1), 1);
+  EXPECT_THAT(List("abc"), ElementsAre("FLT2", "FLT1"));
+  EXPECT_THAT(List(), ElementsAre("FLT1", "FLT2"));
+  auto remove = New("abc");
+  remove->FilterEntryID = "FLT1";
+  EXPECT_EQ(remove->RemoveFilter(), 1);
+  EXPECT_THAT(List("abc"), ElementsAre("FLT2"));
+  EXPECT_THAT(List(), ElementsAre("FLT1", "FLT2"));
+  EXPECT_THAT(List("abc", "joe"), ElementsAre("FLT1"));
+  auto read = New();
+  read->FilterEntryID = "FLT2";
+  ASSERT_EQ(read->getfilter(), 1);
+  EXPECT_EQ(read->Description, "Name of FLT2");
+}
+
+TEST_F(FiltersTest, TheReservedFilterTakesAPlaceThatCounts) {
+  for (const char* id : {"A", "{SPAM_FILTER}", "B"}) Add(id);
+  EXPECT_EQ(Move("B", 2), 1);
+  EXPECT_THAT(List(), ElementsAre("A", "B", "{SPAM_FILTER}"));
+}
+
 TEST_F(FiltersTest, EditReplacesTheFieldsAndKeepsThePlace) {
   Add("FLT1");
   Add("FLT2");

@@ -72,6 +72,12 @@ TEST_F(SettingsTest, AStringTakesThePlaceOfAWord) {
   EXPECT_EQ(value->text, "text \xC3\xA9");
 }
 
+TEST_F(SettingsTest, ATextIsWrittenInTheCodePage) {
+  const auto registry = servers.MakeRegistry();
+  registry->Write("K", "V", {RegistryKind::String, 0, "5 \u20AC f\u00FCr \u65E5\u672C"});
+  EXPECT_EQ(registry->Read("K", "V")->text, "5 \u20AC f\u00FCr ??");
+}
+
 TEST_F(SettingsTest, AWordIsShownAsASignedNumber) {
   servers.MakeRegistry()->Write("K", "V", {RegistryKind::Word, 0xFFFFFFFFu, ""});
   auto setting = NewSetting("k", "v");

@@ -72,6 +72,30 @@ TEST_F(TasksTest, ADuplicateOfAScopeIsRefused) {
   EXPECT_EQ(Add("A", "CRT1", "joe"), 1);
 }
 
+TEST_F(TasksTest, ACallKeepsToItsScope) {
+  Add("A");
+  Add("A", "CRT1", "joe");
+  Add("B", "CRT1", "joe");
+  EXPECT_EQ(New("A", "CRT1", "joe")->EditTask("A", 0, "", "ADD_HEADER", "", "of joe"), 1);
+  auto task = New("A");
+  ASSERT_EQ(task->GetTask(), 1);
+  EXPECT_EQ(task->TaskType, "DELETE");
+  EXPECT_EQ(task->Values, "");
+  EXPECT_EQ(New("B")->GetTask(), 0);
+  EXPECT_EQ(New("B")->EditTask("B", 0, "", "", "", ""), 0);
+  EXPECT_EQ(New("B")->RemoveTask(), 0);
+  EXPECT_EQ(New("", "CRT1", "joe")->RemoveTask(), 1);
+  EXPECT_THAT(List(), ElementsAre("A"));
+  EXPECT_THAT(List("CRT1", "joe"), IsEmpty());
+}
+
+TEST_F(TasksTest, TheThirdArgumentOfEditIsNoField) {
+  Add("A");
+  EXPECT_EQ(New("A")->EditTask("A", 1, "CRT9", "DELETE", "Delete Message", ""), 1);
+  EXPECT_THAT(List(), ElementsAre("A"));
+  EXPECT_THAT(List("CRT9"), IsEmpty());
+}
+
 TEST_F(TasksTest, GetAndEdit) {
   Add("A");
   EXPECT_EQ(New("A")->EditTask("A", 0, "ignored", "ADD_HEADER", "Add a header to a message", "X|y"), 1);

@@ -22,6 +22,8 @@ Outcome RunScript(const std::string& script, const EngineOptions& options) {
     return {};
   });
   outcome.error = engine.AddCode(script);
+  const std::optional<ScriptError> end_error = engine.End();
+  if (!outcome.error) outcome.error = end_error;
   return outcome;
 }
 

@@ -264,7 +264,8 @@ class App {
     }
     const form = message ? null : (state.dialogs.at(-1) ?? sheet?.form);
     const stops = this.long && !ended && form?.controls.some((c) => c.kind === "text" && c.code === true);
-    const extra = html`${this.busy ? html`<div class="progress"></div>` : nothing}${stops ? this.StopButton() : nothing}
+    const bar = html`<div class="progress" role="progressbar" aria-label="Working"></div>`;
+    const extra = html`${this.busy ? bar : nothing}${stops ? this.StopButton() : nothing}
     ${ended ? nothing : this.NoticeBox()}`;
     return html`${repeat(
       windows,

@@ -218,6 +218,9 @@ export function SheetWindow(session: Session, sheet: Sheet, extra: unknown): Tem
 export class FocusKeeper {
   private said: string | null = null;
   private last: string | null = null;
+  // The console doesn't know the sheet's own buttons: after a message box that one of them has brought up, the control
+  // that has the console's focus is the one meant, also when it had it before.
+  private boxed = false;
 
   constructor() {
     document.addEventListener("focusin", (event) => {
@@ -228,8 +231,11 @@ export class FocusKeeper {
 
   // `form` is the form in front, or null when there is none or a message box stands before it.
   Keep(form: Form | null, dialog: HTMLElement | null, idle: boolean): void {
+    if (!form) this.boxed = true;
     if (!form || !dialog?.matches(":modal")) return;
     if (idle) {
+      if (this.boxed && document.activeElement?.matches("[data-sheet]")) this.said = null;
+      this.boxed = false;
       const control = form.controls.find((c) => c.focus);
       const said = control ? `${form.name}/${control.name}` : null;
       if (said !== this.said && control) {

@@ -300,8 +300,8 @@ export class QvList extends HTMLElement {
     const { columns } = data;
     const tracks = columns?.map((column, n) => {
       const width = `${this.widths[n] ?? column.width}px`;
-      if (data.fit && this.widths[n] === undefined) return `minmax(5.5rem, ${Math.max(1, column.width)}fr)`;
-      return n < columns.length - 1 ? width : `minmax(${width}, 1fr)`;
+      if (data.fit && this.widths[n] === undefined) return `minmax(6.25rem, ${Math.max(1, column.width)}fr)`;
+      return n < columns.length - 1 ? width : `minmax(min(${width}, 10rem), 1fr)`;
     });
     const active = this.cursor >= first && this.cursor < last ? `${data.id}-${this.cursor}` : nothing;
     const grid = columns !== null || data.checkboxes;

@@ -26,7 +26,7 @@ function CellsOf(item: Item, view: View): string[] {
 }
 
 // Widths are given for the letters of a desktop, which are smaller than these.
-const kScale = 1.2;
+const kScale = 1.25;
 
 let wanted = -1;
 
