@@ -117,7 +117,7 @@ void Filtering::Views_AddTopMenuItems(const View& view, const Selection& selecti
       for (const char* name : kRowItems) Child(mnuFilter, name).Visible = true;
       Allow(Child(mnuFilter, "mnuFilterEnable"), false);
       Allow(Child(mnuFilter, "mnuFilterDisable"), false);
-      const std::string& status = selection.ListItems.front()->SubItems.at(1).Text;
+      const std::string_view status = selection.ListItems.front()->SubItems.at(1).Text;
       Allow(Child(mnuFilter, status == "Enabled" ? "mnuFilterDisable" : "mnuFilterEnable"), true);
       context_menu.AddMenu(mnuFilter);
     } else if (tag == "SYSFILTERS") {
@@ -145,7 +145,7 @@ void Filtering::Views_CreatePropertyPages(const Selection& selection, PropertySh
     data.Add("mailbox", "");
     data.Add("postoffice", "");
     data.Add("host", run_.ServerHost);
-    sheet.AddPage("ppgSpamProtection", "Spam Protection", false, data);
+    sheet.AddPage("ppgSpamProtection", "Spam Protection", true, data);
   });
 }
 

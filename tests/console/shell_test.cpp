@@ -169,7 +169,7 @@ TEST(SpamPage, GetsTheServerAndNoScope) {
   run.run.ServerHost = "MAIL2";
   FakeSheet sheet;
   run.filtering.Views_CreatePropertyPages(run.Node(), sheet);
-  ASSERT_THAT(sheet.pages, ElementsAre("ppgSpamProtection|Spam Protection|no help"));
+  ASSERT_THAT(sheet.pages, ElementsAre("ppgSpamProtection|Spam Protection|help"));
   EXPECT_EQ(sheet.data[0].Item("host"), "MAIL2");
   EXPECT_EQ(sheet.data[0].Item("postoffice"), "");
   EXPECT_EQ(sheet.data[0].Item("mailbox"), "");
