@@ -299,9 +299,11 @@ export class QvList extends HTMLElement {
     const indices = Array.from({ length: Math.max(0, last - first) }, (_, n) => first + n);
     const { columns } = data;
     const tracks = columns?.map((column, n) => {
-      const width = `${this.widths[n] ?? column.width}px`;
-      if (data.fit && this.widths[n] === undefined) return `minmax(6.25rem, ${Math.max(1, column.width)}fr)`;
-      return n < columns.length - 1 ? width : `minmax(min(${width}, 10rem), 1fr)`;
+      const own = this.widths[n];
+      if (data.fit && own === undefined) return `minmax(6.25rem, ${Math.max(1, column.width)}fr)`;
+      const width = `${own ?? column.width}px`;
+      if (n < columns.length - 1) return width;
+      return `minmax(${own === undefined ? `min(${width}, 10rem)` : width}, 1fr)`;
     });
     const active = this.cursor >= first && this.cursor < last ? `${data.id}-${this.cursor}` : nothing;
     const grid = columns !== null || data.checkboxes;

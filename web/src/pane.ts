@@ -131,9 +131,10 @@ export function Pane(state: State, port: PanePort): TemplateResult {
   const server = view?.host ?? "";
   const listed = view !== null && (view.columns.length > 0 || view.total > 0 || Boolean(view.filter));
   const where = ServerOf(node.id) && node.id.includes("/") ? server || ServerOf(node.id) : "";
+  const on = where ? html` <span class="on">on ${where}</span>` : nothing;
   return html`<section class="pane" aria-labelledby="pane-title">
     <header>
-      <h2 id="pane-title">${Icon(node.image)}${node.name}${where ? html` <span class="on">on ${where}</span>` : nothing}</h2>
+      <h2 id="pane-title">${Icon(node.image)}<span>${node.name}</span>${on}</h2>
       <span class="count" role="status">${listed ? Count(view) : ""}</span>
       ${listed && view.filter !== undefined ? FilterBox(view, PaneId(view, node), session) : nothing}
     </header>

@@ -190,6 +190,7 @@ export class Session {
       for (const entry of this.entries) if (!stays(entry)) this.dropped.add(entry.id);
       this.entries = this.entries.filter(stays);
     }
+    if (this.entries[0] && this.Spent(this.entries[0])) this.entries.shift();
     for (const entry of this.entries) {
       if (entry.sent) continue;
       if (entry.event.do !== "menu") this.openMenu = null;
@@ -198,6 +199,11 @@ export class Session {
       entry.sentAt = performance.now();
       if (entry.command) return;
     }
+  }
+
+  // The second press of a double click on Apply finds nothing left to apply.
+  private Spent({ event, sent }: Entry): boolean {
+    return !sent && event.do === "sheet" && event.button === "apply" && this.base?.sheet?.changed === false;
   }
 
   private Settle(): void {
