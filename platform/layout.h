@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qv {
@@ -26,8 +27,9 @@ struct Layout {
   const Control* label = nullptr;        // of Field
   std::vector<const Control*> controls;  // the hints of a Field, the buttons of Side and Buttons
   std::vector<Layout> items;
-  bool grow = false;  // takes what room is left
-  int lines = 0;      // the wanted height of a list or a text box in lines; 0 as the front end sees fit
+  bool grow = false;      // takes what room is left
+  int lines = 0;          // the wanted height of a list or a text box in lines; 0 as the front end sees fit
+  std::string note = {};  // of a Field: what its value means, shown with it
 
   bool empty() const { return items.empty() && !control && controls.empty(); }
 };
@@ -56,6 +58,10 @@ inline Layout Side(Layout main, std::vector<const Control*> buttons) {
 }
 inline Layout Buttons(std::vector<const Control*> buttons) {
   return {Layout::Kind::Buttons, nullptr, nullptr, std::move(buttons), {}};
+}
+inline Layout Noted(Layout field, std::string note) {
+  field.note = std::move(note);
+  return field;
 }
 inline Layout Grow(Layout item) {
   item.grow = true;

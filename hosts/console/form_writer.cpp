@@ -178,6 +178,7 @@ void WriteLayout(const Layout& layout, JsonWriter& to) {
     }
     if (layout.grow) to.Field("grow", true);
     if (layout.lines > 0) to.Field("lines", layout.lines);
+    if (!layout.note.empty()) to.Field("note", layout.note);
   });
 }
 

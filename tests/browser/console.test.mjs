@@ -344,11 +344,11 @@ test("the width of the tree changes by mouse and keyboard", async (t) => {
   const splitter = page.getByRole("separator", { name: "Width of the server tree" });
   await splitter.focus();
   await page.keyboard.press("ArrowRight");
-  assert.equal(Math.round((await page.locator("nav").boundingBox()).width), 276);
+  assert.equal(Math.round((await page.locator("nav").boundingBox()).width), 304);
   const box = await splitter.boundingBox();
   await page.mouse.move(box.x + 3, 400);
   await page.mouse.down();
   await page.mouse.move(box.x + 53, 400, { steps: 3 });
   await page.mouse.up();
-  assert.equal(Math.round((await page.locator("nav").boundingBox()).width), 326);
+  assert.equal(Math.round((await page.locator("nav").boundingBox()).width), 354);
 });

@@ -26,8 +26,9 @@ class Sample : public Form {
   void Form_Load() override { rows.AddRow({"k", "row", {"cell"}, false}); }
   Layout Arrange() const override {
     using namespace layout;
-    return Column({Field(label, text, 0, {&hint}), Framed(frame, {Item(option), Indent({Item(list, 4)})}),
-                   Side(Grow(Item(rows)), {&up}), Buttons({&ok})});
+    return Column({Noted(Field(label, text, 0, {&hint}), "What it is"),
+                   Framed(frame, {Item(option), Indent({Item(list, 4)})}), Side(Grow(Item(rows)), {&up}),
+                   Buttons({&ok})});
   }
 
   Label label{*this, "label", "&Label:"};
@@ -183,7 +184,8 @@ TEST_F(FormEvents, TheFormIsWrittenWhole) {
             R"({"name":"up","kind":"button","enabled":true,"visible":true,"focus":false,"caption":"","default":false,)"
             R"("cancel":false,"tip":"Move up","picture":"up"})");
   EXPECT_EQ(boost::json::serialize(value.at("layout")),
-            R"({"kind":"column","items":[{"kind":"field","label":"label","control":"text","hints":["hint"]},)"
+            R"({"kind":"column","items":[{"kind":"field","label":"label","control":"text","hints":["hint"],)"
+            R"("note":"What it is"},)"
             R"-({"kind":"frame","control":"frame","items":[{"kind":"control","control":"option(0)"},)-"
             R"({"kind":"indent","items":[{"kind":"control","control":"list","lines":4}]}]},)"
             R"({"kind":"side","main":{"kind":"control","control":"rows","grow":true},"buttons":["up"]},)"

@@ -131,5 +131,14 @@ TEST_F(ThresholdPageTest, EveryControlIsLaidOutOnce) {
   }
 }
 
+TEST_F(ThresholdPageTest, EachThresholdSaysWhatItMeans) {
+  std::vector<std::string> notes;
+  for (const Layout& item : page.Arrange().items) {
+    if (item.kind == Layout::Kind::Field) notes.push_back(item.control->name() + ": " + item.note);
+  }
+  EXPECT_EQ(notes, (std::vector<std::string>{"txtLow: Low level from here on", "txtMedium: Medium level from here on",
+                                             "txtHigh: High level from here on"}));
+}
+
 }  // namespace
 }  // namespace qv::test

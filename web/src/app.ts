@@ -51,7 +51,7 @@ class App {
   private long = false;
   private resumed = false;
   private menuAt = { x: 0, y: 0 };
-  private treeWidth = 260;
+  private treeWidth = 288;
   private started = false;
 
   constructor(root: HTMLElement) {

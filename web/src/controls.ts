@@ -27,6 +27,8 @@ export interface Place {
   // The names of the controls that are told by a label or caption of their own.
   labels: Map<string, string>;
   lines?: number | undefined;
+  // The element that says what the control's value means.
+  note?: string | undefined;
 }
 
 // Twips in a pixel.
@@ -123,6 +125,7 @@ function Text(place: Place, control: TextControl): TemplateResult {
     type="text"
     data-control=${control.name}
     aria-label=${label}
+    aria-describedby=${place.note ?? nothing}
     ?disabled=${!control.enabled}
     maxlength=${control.maxLength > 0 ? control.maxLength : nothing}
     style=${control.maxLength > 0 && control.maxLength <= 20 ? `--chars:${control.maxLength}` : nothing}

@@ -59,11 +59,14 @@ function Field(place: Place, layout: Layout & { kind: "field" }): Drawn {
     return hint ? ControlOf(place, hint) : nothing;
   });
   const target = control.kind === "list" || control.kind === "listview" ? "" : IdOf(place, control.name);
-  const spaced = { ...place, lines: layout.lines };
+  const note = layout.note ? `${IdOf(place, control.name)}-note` : undefined;
+  const spaced = { ...place, lines: layout.lines, note };
   const short = control.kind === "text" && control.maxLength > 0 && control.maxLength <= 20 ? "short" : "";
   return html`<div class="field ${tall ? "tall" : ""} ${layout.grow ? "grow" : ""} ${short}">
     ${label?.kind === "label" && label.visible ? Label(place, label, target) : html`<span></span>`}
-    <div class="value">${ControlOf(spaced, control)}${hints}</div>
+    <div class="value ${note ? "noted" : ""}">
+      ${ControlOf(spaced, control)}${hints}${note ? html`<span class="note" id=${note}>${layout.note}</span>` : nothing}
+    </div>
   </div>`;
 }
 

@@ -134,7 +134,7 @@ export type Control =
 export type Layout =
   | { kind: "column" | "row" | "indent"; items: Layout[] }
   | { kind: "control"; control: string; grow?: boolean; lines?: number }
-  | { kind: "field"; label: string; control: string; hints?: string[]; grow?: boolean; lines?: number }
+  | { kind: "field"; label: string; control: string; hints?: string[]; note?: string; grow?: boolean; lines?: number }
   | { kind: "frame"; control: string; items: Layout[] }
   | { kind: "buttons"; items: string[] }
   | { kind: "side"; main: Layout; buttons: string[] };
