@@ -36,10 +36,9 @@ ppgSpamProtection::ppgSpamProtection(Run& run)
 
 Layout ppgSpamProtection::Arrange() const {
   using namespace layout;
-  return Framed(Frame1,
-                {Item(Label1), Item(chkEnabled), Noted(Field(Label2, txtLow, 0, {&Label3}), "Low level from here on"),
-                 Noted(Field(Label4, txtMedium, 0, {&Label5}), "Medium level from here on"),
-                 Noted(Field(Label6, txtHigh, 0, {&Label7}), "High level from here on")});
+  return Framed(Frame1, {Item(Label1), Item(chkEnabled), Noted(Field(Label2, txtLow, 0, {&Label3}), "Low from here on"),
+                         Noted(Field(Label4, txtMedium, 0, {&Label5}), "Medium from here on"),
+                         Noted(Field(Label6, txtHigh, 0, {&Label7}), "High from here on")});
 }
 
 void ppgSpamProtection::MarkChanged() {

@@ -154,7 +154,7 @@ test("thresholds that are none are refused, each in its own words", { timeout: 6
   await OpenThresholds(page);
   await Boxes(page, ["40", "60", "85"]);
   const meaning = await Control(page, "txtMedium").getAttribute("aria-describedby");
-  assert.equal(await page.locator(`#${meaning}`).innerText(), "Medium level from here on");
+  assert.equal(await page.locator(`#${meaning}`).innerText(), "Medium from here on");
   assert.ok(await Sheet(page, "apply").isDisabled());
   const wrong = [
     ["txtLow", "", "You need to enter a low threshold."],
