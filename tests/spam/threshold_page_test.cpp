@@ -136,7 +136,7 @@ TEST_F(ThresholdPageTest, EachThresholdSaysWhatItMeans) {
   for (const Layout& item : page.Arrange().items) {
     if (item.kind == Layout::Kind::Field) notes.push_back(item.control->name() + ": " + item.note);
   }
-  EXPECT_EQ(notes, (std::vector<std::string>{"txtLow: Low from here on", "txtMedium: Medium level from here on",
+  EXPECT_EQ(notes, (std::vector<std::string>{"txtLow: Low from here on", "txtMedium: Medium from here on",
                                              "txtHigh: High from here on"}));
 }
 
