@@ -53,7 +53,7 @@ void Fill(const fs::path& database_file, const fs::path& configuration, const In
 
 void Init(const InitOptions& options) {
   std::error_code none;
-  const fs::path directory = fs::weakly_canonical(fs::absolute(options.directory), none);
+  const fs::path directory = fs::weakly_canonical(fs::absolute(options.directory, none), none);
   if (directory.empty() || ValidUtf8(directory.string()) != directory.string()) {
     throw Refusal("the directory '" + ValidUtf8(options.directory) + "' has no usable name");
   }

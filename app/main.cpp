@@ -2,6 +2,8 @@
 #include <csignal>
 #include <exception>
 #include <iostream>
+#include <string>
+#include <vector>
 
 #include "app/commands.h"
 
@@ -23,6 +25,11 @@ int Run(int argc, char** argv) {
   qv::AddScriptCommands(program, status);
   try {
     program.parse(argc, argv);
+  } catch (const CLI::RequiredError& error) {
+    // A word that has no place tells more of what went wrong than what is missing.
+    const std::vector<std::string> extras = program.remaining(true);
+    extras.empty() ? program.exit(error) : program.exit(CLI::ExtrasError(extras));
+    return kUsedWrongly;
   } catch (const CLI::ParseError& error) {
     return program.exit(error) == 0 ? 0 : kUsedWrongly;
   }

@@ -17,10 +17,9 @@ namespace qv {
 
 namespace {
 
-const std::string& TextAt(const SortItem& item, std::size_t column) {
-  static const std::string nothing;
+std::string_view TextAt(const SortItem& item, std::size_t column) {
   if (item.scope) return item.scope->Node.DisplayName;
-  if (!item.item || column >= item.item->SubItems.size()) return nothing;
+  if (!item.item || column >= item.item->SubItems.size()) return {};
   return item.item->SubItems[column].Text;
 }
 
@@ -70,8 +69,7 @@ void Filtering::ResultViews_CompareItems(const ResultView& view, const SortItem&
     const auto& columns = view.ListView.Columns;
     const auto index = static_cast<std::size_t>(column);
     if (column < 0 || index >= columns.size()) throw RuntimeError(35600, "Index out of bounds");
-    const std::string& one = TextAt(first, index);
-    const std::string& other = TextAt(second, index);
+    const std::string_view one = TextAt(first, index), other = TextAt(second, index);
     switch (columns[index].Key.empty() ? '\0' : columns[index].Key.front()) {
       case 'n':
         result = CompareValues(NumericValue(one), NumericValue(other));

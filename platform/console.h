@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <set>
@@ -31,8 +33,40 @@ struct ScopeItem {
 };
 
 struct ListSubItem {
-  std::string Key;
-  std::string Text;
+  const std::string_view Key, Text;
+};
+
+// The sub-items of a row, in one piece of memory: a console that waits holds those of every row on show.
+class ListSubItems {
+ public:
+  ListSubItems() = default;
+  ListSubItems(std::initializer_list<ListSubItem> items);
+
+  std::size_t size() const;
+  bool empty() const { return packed_.empty(); }
+  // The texts of a sub-item hold until the sub-items change. `at` raises std::out_of_range when there is none of that
+  // number.
+  ListSubItem operator[](std::size_t number) const;
+  ListSubItem at(std::size_t number) const;
+  // Each text takes less than 4 GB.
+  void push_back(const ListSubItem& item);
+  void clear() { packed_.clear(); }
+
+  class Iterator {
+   public:
+    explicit Iterator(const char* at) : at_(at) {}
+    ListSubItem operator*() const;
+    Iterator& operator++();
+    bool operator!=(const Iterator& other) const { return at_ != other.at_; }
+
+   private:
+    const char* at_;
+  };
+  Iterator begin() const { return Iterator(packed_.data()); }
+  Iterator end() const { return Iterator(packed_.data() + packed_.size()); }
+
+ private:
+  std::string packed_;  // of each sub-item the lengths of its texts, then the texts
 };
 
 // A row of the result pane. Column N shows sub-item N + 1 of the console's counting, which is SubItems[N] here.
@@ -41,7 +75,7 @@ struct ListItem {
   std::string Tag;
   std::string Text;
   std::string Icon;
-  std::vector<ListSubItem> SubItems;
+  ListSubItems SubItems;
 };
 
 struct ListColumn {

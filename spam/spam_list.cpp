@@ -28,7 +28,7 @@ bool IsChanged(const std::string& weight, std::string_view default_weight) {
 }
 
 std::string SubItem(const ListItem& item, std::size_t number) {
-  return number <= item.SubItems.size() ? item.SubItems[number - 1].Text : "";
+  return number <= item.SubItems.size() ? std::string(item.SubItems[number - 1].Text) : "";
 }
 
 }  // namespace

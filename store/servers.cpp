@@ -86,10 +86,6 @@ std::unique_ptr<Files> Servers::MakeFiles() { return std::make_unique<DesktopFil
 
 std::vector<std::string> Servers::PostofficeNames(const std::string& host) { return PostofficeNamesOf(Of(host)); }
 
-std::vector<std::string> Servers::MailboxNames(const std::string& host, const std::string& postoffice) {
-  return MailboxNamesOf(Of(host), postoffice);
-}
-
 void Servers::ForEachMailbox(const std::string& host, const std::string& postoffice,
                              const std::function<void(const std::string& name)>& take) {
   ForEachMailboxOf(Of(host), postoffice, take);

@@ -40,10 +40,9 @@ class Servers {
   // The files below the local server's configuration directory.
   std::unique_ptr<Files> MakeFiles();
 
-  // For the console's own tree: the postoffices of a host in the finders' order, and a postoffice's mailboxes.
+  // For the console's own tree: the postoffices of a host in the finders' order, and a postoffice's mailboxes in the
+  // order of adding, each handed to `take`.
   std::vector<std::string> PostofficeNames(const std::string& host);
-  std::vector<std::string> MailboxNames(const std::string& host, const std::string& postoffice);
-  // Calls `take` with each of the names, in their order.
   void ForEachMailbox(const std::string& host, const std::string& postoffice,
                       const std::function<void(const std::string& name)>& take);
 

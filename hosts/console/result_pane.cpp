@@ -79,9 +79,10 @@ void ResultPane::SortBy(int column, const Compare& compare) {
 
 bool ResultPane::Holds(Row row, const std::string& upper_text) const {
   if (names_) return HoldsText((*names_)[row], upper_text);
-  const std::vector<ListSubItem>& cells = Items()[row]->SubItems;
-  return std::any_of(cells.begin(), cells.end(),
-                     [&upper_text](const ListSubItem& cell) { return HoldsText(cell.Text, upper_text); });
+  for (const ListSubItem& cell : Items()[row]->SubItems) {
+    if (HoldsText(cell.Text, upper_text)) return true;
+  }
+  return false;
 }
 
 void ResultPane::Order(const Compare& compare) {
@@ -123,8 +124,8 @@ const ListItem& ResultPane::Shown(std::size_t place, ListItem& made) const {
   made.Tag = made.Key;
   made.Text = name;
   made.Icon = icon_;
-  made.SubItems.resize(1);
-  made.SubItems.front().Text = name;
+  made.SubItems.clear();
+  made.SubItems.push_back({"", name});
   return made;
 }
 

@@ -22,14 +22,15 @@ void WriteNode(const TreeNode& node, const TreeNode* selected, JsonWriter& to) {
 
 // The cells that are set off, where there are any.
 void WriteEmphasis(const ListItem& item, const ListView& list, JsonWriter& to) {
-  const auto set_off = [&list](const ListSubItem& cell) { return list.Emphasis.count(cell.Key) != 0; };
+  const auto set_off = [&list](const ListSubItem& cell) { return list.Emphasis.count(std::string(cell.Key)) != 0; };
   if (list.Emphasis.empty()) return;
-  if (std::none_of(item.SubItems.begin(), item.SubItems.end(), set_off)) return;
-  to.Key("emphasis").Open('[');
-  for (std::size_t n = 0; n < item.SubItems.size(); ++n) {
-    if (set_off(item.SubItems[n])) to.Value(n);
+  std::vector<std::size_t> cells;
+  std::size_t number = 0;
+  for (const ListSubItem& cell : item.SubItems) {
+    if (set_off(cell)) cells.push_back(number);
+    ++number;
   }
-  to.Close(']');
+  if (!cells.empty()) to.Array("emphasis", cells, [&to](std::size_t cell) { to.Value(cell); });
 }
 
 void WriteItem(const ListItem& item, const ListView& list, bool selected, JsonWriter& to) {

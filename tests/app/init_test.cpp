@@ -56,6 +56,10 @@ TEST_F(InitTest, ADirectoryThatCantBeMadeLeavesNothing) {
   EXPECT_THAT(Refused({"init", "--data", below}), HasSubstr("can't be made"));
 }
 
+TEST_F(InitTest, ADirectoryWithoutANameIsRefused) {
+  EXPECT_EQ(Refused({"init", "--data", ""}), "qvadmin: the directory '' has no usable name\n");
+}
+
 // Every filter has its 24 criteria, every task and mailbox belongs to something, and every reference to a file holds.
 void CheckDemo(const DataSet& demo, const fs::path& config) {
   std::map<std::vector<std::string>, int> criteria;

@@ -137,6 +137,14 @@ TEST_F(PostofficeTest, WithoutAConfigurationDirectoryNothingIsAdded) {
   EXPECT_EQ(Out(Postoffice("list")), "");
 }
 
+TEST_F(PostofficeTest, AWordThatIsNoCommandIsNamed) {
+  for (const auto& wrong : std::vector<std::vector<std::string>>{
+           {"nonsense"}, {"postoffice", "nonsense"}, {"postoffice", "nonsense", "--help-me"}, {"data", "nonsense"}}) {
+    EXPECT_THAT(Run(wrong).err, HasSubstr("nonsense")) << testing::PrintToString(wrong);
+  }
+  EXPECT_THAT(Run({"postoffice"}).err, HasSubstr("A subcommand is required"));
+}
+
 TEST_F(PostofficeTest, WrongUseAndHelp) {
   for (const auto& wrong : std::vector<std::vector<std::string>>{{},
                                                                  {"nonsense"},

@@ -105,7 +105,7 @@ std::vector<std::string> ConsoleRun::Listed() {
   std::vector<std::string> rows;
   for (const auto& item : pane.view.ListView.ListItems.All()) {
     std::string row = item->Text;
-    for (const ListSubItem& sub : item->SubItems) row += "|" + sub.Text;
+    for (const ListSubItem& sub : item->SubItems) row.append("|").append(sub.Text);
     rows.push_back(row);
   }
   return rows;

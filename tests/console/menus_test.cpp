@@ -54,7 +54,7 @@ TEST(Menus, ARowWithAnyOtherStatusWordOffersEnable) {
   FakeMenu off, odd;
   const Selection row = run.Rows({0});
   run.filtering.Views_AddTopMenuItems(run.view, row, off);
-  row.ListItems[0]->SubItems[1].Text = "enabled";
+  row.ListItems[0]->SubItems = {{"1", "One"}, {"2", "enabled"}};
   run.filtering.Views_AddTopMenuItems(run.view, row, odd);
   EXPECT_THAT(off.items, ElementsAre("Enable", "(Disable)", "Manage...", "Rename...", "Order Filters..."));
   EXPECT_THAT(odd.items, ElementsAre("Enable", "(Disable)", "Manage...", "Rename...", "Order Filters..."));

@@ -15,7 +15,7 @@ class SpamListTest : public SpamFixture {
     std::vector<std::string> rows;
     for (const auto& item : view.ListView.ListItems.All()) {
       std::vector<std::string> texts = {item->Text};
-      for (const ListSubItem& sub_item : item->SubItems) texts.push_back(sub_item.Text);
+      for (const ListSubItem& sub_item : item->SubItems) texts.emplace_back(sub_item.Text);
       rows.push_back(Join(texts, "|"));
     }
     return rows;

@@ -46,9 +46,9 @@ TEST_F(PostofficesTest, QueryFieldsThatAreSetMustBeEqual) {
 TEST_F(PostofficesTest, MailboxesInTheOrderOfAdding) {
   Import(R"({"mailboxes": [{"Postoffice": "b", "Mailbox": "z"}, {"Postoffice": "a", "Mailbox": "y"},
              {"Postoffice": "b", "Mailbox": "c"}]})");
-  EXPECT_THAT(servers.MailboxNames("", "b"), ElementsAre("z", "c"));
-  EXPECT_THAT(servers.MailboxNames("", "a"), ElementsAre("y"));
-  EXPECT_THAT(servers.MailboxNames("", "c"), IsEmpty());
+  EXPECT_THAT(MailboxNamesOf(servers.Of(""), "b"), ElementsAre("z", "c"));
+  EXPECT_THAT(MailboxNamesOf(servers.Of(""), "a"), ElementsAre("y"));
+  EXPECT_THAT(MailboxNamesOf(servers.Of(""), "c"), IsEmpty());
 }
 
 TEST_F(PostofficesTest, RemovalTakesWhatStandsInItsScopesAndNothingElse) {

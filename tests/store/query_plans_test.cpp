@@ -58,7 +58,7 @@ TEST_F(QueryPlansTest, EveryOperationOfARecordClassGoesByAnIndexAndSortsNothing)
   option->GetOption();
   servers.MakeRegistry()->Write("K", "V", {});
   servers.MakeRegistry()->Read("K", "V");
-  servers.MailboxNames("", "abc");
+  MailboxNamesOf(servers.Of(""), "abc");
   int searches = 0;
   servers.Of("").Do([&](Connection& connection) {
     for (const auto& [text, plan] : Plans(connection)) {
