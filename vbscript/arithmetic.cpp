@@ -15,6 +15,9 @@ bool IsWhole(Type type) {
          type == Type::Empty;
 }
 
+// The number of a whole type. What Empty has stored means nothing.
+std::int64_t WholeOf(const Value& value) { return value.Is(Type::Empty) ? 0 : value.n(); }
+
 // The larger of two whole types; Boolean and Empty count as Integer.
 Type LargerWhole(Type left, Type right) {
   if (left == Type::Long || right == Type::Long) return Type::Long;
@@ -86,7 +89,7 @@ Value AddOrSubtract(Context& context, const Value& left, const Value& right, boo
   const Type l = left.type();
   const Type r = right.type();
   if (IsWhole(l) && IsWhole(r)) {
-    return Whole(LargerWhole(l, r), subtract ? left.n() - right.n() : left.n() + right.n());
+    return Whole(LargerWhole(l, r), subtract ? WholeOf(left) - WholeOf(right) : WholeOf(left) + WholeOf(right));
   }
   const double a = ToDouble(context, left);
   const double b = ToDouble(context, right);
@@ -134,11 +137,11 @@ Value Multiply(Context& context, const Value& left_operand, const Value& right_o
   if (Prepare(context, left, right, held)) return Value::Null();
   const Type l = left->type();
   const Type r = right->type();
-  if (IsWhole(l) && IsWhole(r)) return Whole(LargerWhole(l, r), left->n() * right->n());
+  if (IsWhole(l) && IsWhole(r)) return Whole(LargerWhole(l, r), WholeOf(*left) * WholeOf(*right));
   if ((l == Type::Currency && (IsWhole(r) || r == l)) || (r == Type::Currency && IsWhole(l))) {
     std::int64_t exact = 0;
     if (l == r) return Value::Currency(CurrencyProduct(left->n(), right->n()));
-    const bool overflow = __builtin_mul_overflow(left->n(), right->n(), &exact);
+    const bool overflow = __builtin_mul_overflow(WholeOf(*left), WholeOf(*right), &exact);
     return CurrencyUnless(overflow, exact);
   }
   const double result = ToDouble(context, *left) * ToDouble(context, *right);

@@ -51,6 +51,8 @@ HostValue ToHost(Machine& machine, const Value& value) {
       return value.n() != 0;
     case Type::String:
       return ToUtf8(value.text());
+    case Type::Single:
+    case Type::Currency:
     case Type::Date:
       return ToUtf8(ToText(machine, value).text());
     case Type::Object:

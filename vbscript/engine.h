@@ -23,7 +23,8 @@ struct ScriptError {
   long column = 0;          // from 0, in UTF-16 units
 };
 
-// A value on its way between the host and a script: nothing, Null, a Boolean, a number or UTF-8 text.
+// A value on its way between the host and a script: nothing, Null, a Boolean, a number or UTF-8 text. Of the script's
+// numbers, those that a double does not hold as they are written come as text: Single, Currency and dates.
 using HostValue = std::variant<std::monostate, std::nullptr_t, bool, double, std::string>;
 // May throw ScriptError, of which the number, description and source are taken.
 using HostFunction = std::function<HostValue(const std::vector<HostValue>&)>;

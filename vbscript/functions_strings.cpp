@@ -113,7 +113,9 @@ Value Replace(Machine& machine, const Args& args) {
     machine.Poll();
   }
   result.Append(text.view().substr(at));
-  return result.Take();
+  Value made = result.Take();
+  // A small rest of a large text does not keep the large one's storage.
+  return made.text().size() < text.view().size() / 2 ? MakeText(machine, made.text()) : made;
 }
 
 template <char16_t (*Map)(char16_t)>
@@ -137,7 +139,7 @@ Value TrimText(Machine& machine, const Args& args) {
 }
 
 Value Repeated(Machine& machine, std::size_t count, char16_t c) {
-  TextBuilder text(machine);
+  TextBuilder text(machine, count);
   text.Append(c, count);
   return text.Take();
 }

@@ -29,6 +29,8 @@ Machine::Machine(const EngineOptions& options)
       stack_end_(stack_ + StackSize(options)) {
   if (!stack_) throw std::bad_alloc();
   frames_.resize(static_cast<std::size_t>(std::max(options.depth_limit, 1)));
+  free_frame_ = frames_.data();
+  frames_end_ = frames_.data() + frames_.size();
   AddStringFunctions(library_);
   AddByteFunctions(library_);
   AddMathFunctions(library_);
@@ -49,7 +51,7 @@ Machine::~Machine() {
   std::free(stack_);
 }
 
-Value* Machine::StackTop() { return depth_ == 0 ? stack_ : frame().registers + frame().procedure->registers; }
+Value* Machine::StackTop() { return Depth() == 0 ? stack_ : frame().registers + frame().procedure->registers; }
 
 void Machine::FailToEnter(const Procedure& procedure, int number) { RaiseNamed(number, procedure.spelling); }
 
@@ -97,7 +99,7 @@ std::string Machine::NameHere() const {
 // Finds the frame that goes on behind the error; without one, drops all frames above `base`.
 bool Machine::Handle(Failure& failure, std::size_t base) {
   Locate(failure);
-  while (depth_ > base) {
+  while (Depth() > base) {
     Frame& top = frame();
     const Procedure& procedure = *top.procedure;
     const auto index = static_cast<std::uint32_t>(top.pc - procedure.code.data());
@@ -122,7 +124,7 @@ Value Machine::Call(Procedure& procedure, ScriptObject* me, const Value* args, i
   Value* t = StackTop();
   if (stack_end_ - t < count + 64) RaiseNamed(kOutOfStack, procedure.spelling);
   for (int k = 0; k < count; ++k) t[k + 1] = args[k];
-  const std::size_t base = depth_;
+  const std::size_t base = Depth();
   try {
     Enter(procedure, t, static_cast<std::uint32_t>(count), me);
   } catch (...) {

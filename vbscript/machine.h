@@ -73,8 +73,9 @@ class Machine final : public Context {
   bool Handle(Failure& failure, std::size_t base);
   void Locate(Failure& failure) const;
   void SayFarewells();
-  Frame& frame() { return frames_[depth_ - 1]; }
-  const Frame& frame() const { return frames_[depth_ - 1]; }
+  Frame& frame() { return free_frame_[-1]; }
+  const Frame& frame() const { return free_frame_[-1]; }
+  std::size_t Depth() const { return static_cast<std::size_t>(free_frame_ - frames_.data()); }
   void Drop();
 
   // Texts.
@@ -125,8 +126,9 @@ class Machine final : public Context {
   Globals globals_;
   std::vector<std::unique_ptr<Procedure>> procedures_;
   std::vector<std::unique_ptr<ClassDef>> classes_;
-  std::vector<Frame> frames_;  // the first depth_ of them are in use
-  std::size_t depth_ = 0;
+  std::vector<Frame> frames_;
+  Frame* free_frame_ = nullptr;  // those in front of it are in use
+  const Frame* frames_end_ = nullptr;
   Value* stack_;
   Value* stack_end_;
   int native_depth_ = 0;

@@ -9,11 +9,11 @@ namespace qv::vbscript {
 inline void Machine::Enter(const Procedure& procedure, Value* t, std::uint32_t count, ScriptObject* me) {
   if (count != procedure.params) FailToEnter(procedure, kArgumentCount);
   Value* registers = t + 1;
-  if (depth_ == frames_.size() || stack_end_ - registers < static_cast<std::ptrdiff_t>(procedure.registers) + 64) {
+  if (free_frame_ == frames_end_ || stack_end_ - registers < static_cast<std::ptrdiff_t>(procedure.registers) + 64) {
     FailToEnter(procedure, kOutOfStack);
   }
   Poll();
-  Frame& made = frames_[depth_++];
+  Frame& made = *free_frame_++;
   made.procedure = &procedure;
   made.pc = procedure.code.data();
   made.registers = registers;
@@ -25,7 +25,7 @@ inline void Machine::Enter(const Procedure& procedure, Value* t, std::uint32_t c
 }
 
 // Closes the frame. What lies above the registers of the frame below is empty at all times.
-inline void Machine::Leave() {
+[[gnu::always_inline]] inline void Machine::Leave() {
   Frame& done = frame();
   Value* registers = done.registers;
   const std::uint32_t count = done.procedure->registers;
@@ -38,7 +38,7 @@ inline void Machine::Leave() {
 
 inline void Machine::Drop() {
   delete frame().made;
-  --depth_;
+  --free_frame_;
 }
 
 }  // namespace qv::vbscript

@@ -30,6 +30,17 @@ inline bool BothShort(const Value& left, const Value& right) {
   return left.Is(Type::Integer) && right.Is(Type::Integer);
 }
 
+// The element of a table with two numbers as its indexes; a null pointer for anything else.
+inline Value* TableElement(const Value& container, const Value* indexes, std::uint32_t n) {
+  if (!container.Is(Type::Array) || n != 2 || !indexes[0].IsInt() || !indexes[1].IsInt()) return nullptr;
+  ArrayRep* array = container.array();
+  if (array->dimensions() != 2) return nullptr;
+  const auto column = static_cast<std::uint64_t>(indexes[0].n());
+  const auto row = static_cast<std::uint64_t>(indexes[1].n());
+  if (column >= array->size(0) || row >= array->size(1)) return nullptr;
+  return array->elements() + row * array->size(0) + column;
+}
+
 inline bool IsTrue(Context& context, const Value& value) {
   return value.Is(Type::Boolean) ? value.n() != 0 : ToCondition(context, value);
 }
@@ -43,6 +54,7 @@ void Machine::Loop(std::size_t base) {
   Value* registers = nullptr;
   const Instr* i = nullptr;
   Frame* here = nullptr;
+  const Frame* const base_frame = frames_.data() + base;
 
   const auto load = [&]() __attribute__((always_inline)) {
     here = &frame();
@@ -148,28 +160,28 @@ void Machine::Loop(std::size_t base) {
   BindScoped(at(i->a), static_cast<Atom>(i->b), i->n != 0);
   QV_NEXT;
 
-#define QV_ARITHMETIC(op_name, sign)                                           \
-  QV_CASE(op_name) {                                                           \
-    const Value* left = &at(i->b);                                             \
-    const Value* right = &at(i->c);                                            \
-    if (!(left->IsInt() && right->IsInt())) {                                  \
-      left = &left->Deref();                                                   \
-      right = &right->Deref();                                                 \
-    }                                                                          \
-    if (left->IsInt() && right->IsInt()) {                                     \
-      SetWhole(at(i->a), left->n() sign right->n(), BothShort(*left, *right)); \
-      QV_NEXT;                                                                 \
-    }                                                                          \
-    if (left->Is(Type::Double) && right->Is(Type::Double)) {                   \
-      const double result = left->d() sign right->d();                         \
-      if (std::isfinite(result)) {                                             \
-        at(i->a).SetPlain(Type::Double, result);                               \
-        QV_NEXT;                                                               \
-      }                                                                        \
-    }                                                                          \
-    QV_SAVE;                                                                   \
-    at(i->a) = Binary(i->op, *left, *right, 0);                                \
-    QV_NEXT;                                                                   \
+#define QV_ARITHMETIC(op_name, sign)                                                                  \
+  QV_CASE(op_name) {                                                                                  \
+    const Value* left = &at(i->b);                                                                    \
+    const Value* right = &at(i->c);                                                                   \
+    if (!(left->IsInt() && right->IsInt()) && !(left->Is(Type::Double) && right->Is(Type::Double))) { \
+      left = &left->Deref();                                                                          \
+      right = &right->Deref();                                                                        \
+    }                                                                                                 \
+    if (left->IsInt() && right->IsInt()) {                                                            \
+      SetWhole(at(i->a), left->n() sign right->n(), BothShort(*left, *right));                        \
+      QV_NEXT;                                                                                        \
+    }                                                                                                 \
+    if (left->Is(Type::Double) && right->Is(Type::Double)) {                                          \
+      const double result = left->d() sign right->d();                                                \
+      if (std::isfinite(result)) {                                                                    \
+        at(i->a).SetPlain(Type::Double, result);                                                      \
+        QV_NEXT;                                                                                      \
+      }                                                                                               \
+    }                                                                                                 \
+    QV_SAVE;                                                                                          \
+    at(i->a) = Binary(i->op, *left, *right, 0);                                                       \
+    QV_NEXT;                                                                                          \
   }
   QV_ARITHMETIC(kAdd, +)
   QV_ARITHMETIC(kSubtract, -)
@@ -403,10 +415,17 @@ void Machine::Loop(std::size_t base) {
     at(i->a) = AddIndexed(left, container.Deref(), index);
     QV_NEXT;
   }
-  QV_CASE(kIndexN)
-  QV_SAVE;
-  Index(at(i->a), at(i->b).Deref(), &at(i->c), i->n);
-  QV_NEXT;
+  QV_CASE(kIndexN) {
+    const Value& container = at(i->b).Deref();
+    const Value* indexes = &at(i->c);
+    if (const Value* element = TableElement(container, indexes, i->n)) {
+      at(i->a) = *element;
+      QV_NEXT;
+    }
+    QV_SAVE;
+    Index(at(i->a), container, indexes, i->n);
+    QV_NEXT;
+  }
   QV_CASE(kIndexLet) {
     Value& container = at(i->a);
     const Value& index = at(i->b);
@@ -414,8 +433,11 @@ void Machine::Loop(std::size_t base) {
     if (container.Is(Type::Array) && index.IsInt() && !value.IsCounted() && !value.IsRef() && i->n == 0) {
       ArrayRep* array = container.array();
       if (array->dimensions() == 1 && !array->shared() && static_cast<std::uint64_t>(index.n()) < array->count()) {
-        array->elements()[index.n()] = value;
-        QV_NEXT;
+        Value& element = array->elements()[index.n()];
+        if (element.IsSimple()) {
+          element = value;
+          QV_NEXT;
+        }
       }
     }
     QV_SAVE;
@@ -424,8 +446,17 @@ void Machine::Loop(std::size_t base) {
     QV_NEXT;
   }
   QV_CASE(kIndexLetN) {
-    QV_SAVE;
     Value* indexes = &at(i->b);
+    const Value& value = indexes[i->n];
+    Value& container = at(i->a).Target();
+    if (!value.IsCounted() && !value.IsRef() && i->c == 0) {
+      Value* element = TableElement(container, indexes, i->n);
+      if (element && element->IsSimple() && !container.array()->shared()) {
+        *element = value;
+        QV_NEXT;
+      }
+    }
+    QV_SAVE;
     IndexLet(at(i->a).Target(), indexes, i->n, indexes[i->n].Deref(), i->c != 0);
     if (HasFarewells()) SayFarewells();
     QV_NEXT;
@@ -524,7 +555,7 @@ void Machine::Loop(std::size_t base) {
   QV_CASE(kReturn)
   QV_SAVE;
   Leave();
-  if (depth_ == base) return;
+  if (free_frame_ == base_frame) return;
   load();
   if (HasFarewells()) SayFarewells();
   QV_NEXT;

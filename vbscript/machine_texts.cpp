@@ -87,7 +87,7 @@ std::unique_ptr<Procedure> Machine::PutInForce(Unit unit, int activation) {
 Value Machine::RunMain(std::unique_ptr<Procedure> main, int activation) {
   if (native_depth_ >= 100) RaiseBare(kOutOfStack);
   Value* t = StackTop();
-  const std::size_t base = depth_;
+  const std::size_t base = Depth();
   ScriptObject* me = activation >= 0 ? frames_[static_cast<std::size_t>(activation)].me : nullptr;
   Enter(*main, t, 0, me);
   frame().activation = activation;
@@ -135,7 +135,7 @@ Value Machine::EvaluateText(std::string_view utf8) {
 int Machine::Activation() const {
   const Frame& caller = frame();
   if (caller.activation >= 0) return caller.activation;
-  return caller.procedure->kind == ProcKind::kMain ? -1 : static_cast<int>(depth_) - 1;
+  return caller.procedure->kind == ProcKind::kMain ? -1 : static_cast<int>(Depth()) - 1;
 }
 
 Value Machine::ExecuteText(const Value& text, bool expression, bool global) {

@@ -35,6 +35,8 @@ class RegExp {
   friend class RegExpCompiler;
   friend class RegExpMatcher;
 
+  static constexpr std::uint32_t kNoLimit = 0xffffffff;
+
   enum class Op : std::uint8_t {
     kChar,  // a is the character, upper case if case is ignored
     kAny,
@@ -77,6 +79,7 @@ class RegExp {
   RegExpFlags flags_;
   std::uint32_t groups_ = 0;
   std::uint32_t counters_ = 0;
+  bool has_back_references_ = false;
 };
 
 }  // namespace qv::vbscript

@@ -44,11 +44,8 @@ int ScriptCheck(const std::string& path, const EngineOptions& options, std::ostr
   return Report(path, Engine(options).Check(*text), err);
 }
 
-int ScriptRun(const std::string& path, const EngineOptions& options, std::ostream& out, std::ostream& err) {
-  const std::optional<std::string> text = ReadScript(path, err);
-  if (!text) return 1;
-  Engine engine(options);
-  engine.RegisterFunction("Print", 0, -1, [&out](const std::vector<HostValue>& values) -> HostValue {
+HostFunction PrintTo(std::ostream& out) {
+  return [&out](const std::vector<HostValue>& values) -> HostValue {
     const char* separator = "";
     for (const HostValue& value : values) {
       out << separator;
@@ -57,7 +54,14 @@ int ScriptRun(const std::string& path, const EngineOptions& options, std::ostrea
     }
     out << '\n';
     return {};
-  });
+  };
+}
+
+int ScriptRun(const std::string& path, const EngineOptions& options, std::ostream& out, std::ostream& err) {
+  const std::optional<std::string> text = ReadScript(path, err);
+  if (!text) return 1;
+  Engine engine(options);
+  engine.RegisterFunction("Print", 0, -1, PrintTo(out));
   const std::optional<ScriptError> error = engine.AddCode(*text);
   const std::optional<ScriptError> end_error = engine.End();
   return Report(path, error ? error : end_error, err);

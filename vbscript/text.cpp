@@ -212,36 +212,6 @@ std::string ToUtf8(std::u16string_view text) {
   return out;
 }
 
-char16_t LowerCase(char16_t c) {
-  if (c < 0x80) return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
-  if (c >= 0xc0 && c <= 0xde && c != 0xd7) return static_cast<char16_t>(c + 32);
-  if ((c >= 0x100 && c <= 0x137 && c != 0x130) || (c >= 0x14a && c <= 0x177)) return static_cast<char16_t>(c | 1);
-  if ((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17e)) return static_cast<char16_t>((c & 1) ? c + 1 : c);
-  if (c == 0x178) return 0xff;
-  if (c >= 0x391 && c <= 0x3ab && c != 0x3a2) return static_cast<char16_t>(c + 32);
-  if (c >= 0x410 && c <= 0x42f) return static_cast<char16_t>(c + 32);
-  if (c >= 0x400 && c <= 0x40f) return static_cast<char16_t>(c + 80);
-  if (c >= 0x531 && c <= 0x556) return static_cast<char16_t>(c + 48);
-  if (c >= 0x1e00 && c <= 0x1eff && (c < 0x1e96 || c > 0x1e9f)) return static_cast<char16_t>(c | 1);
-  if (c >= 0xff21 && c <= 0xff3a) return static_cast<char16_t>(c + 32);
-  return c;
-}
-
-char16_t UpperCase(char16_t c) {
-  if (c < 0x80) return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 32) : c;
-  if (c >= 0xe0 && c <= 0xfe && c != 0xf7) return static_cast<char16_t>(c - 32);
-  if (c == 0xff) return 0x178;
-  if ((c >= 0x100 && c <= 0x137 && c != 0x131) || (c >= 0x14a && c <= 0x177)) return static_cast<char16_t>(c & ~1);
-  if ((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17e)) return static_cast<char16_t>((c & 1) ? c : c - 1);
-  if (c >= 0x3b1 && c <= 0x3cb && c != 0x3c2) return static_cast<char16_t>(c - 32);
-  if (c >= 0x430 && c <= 0x44f) return static_cast<char16_t>(c - 32);
-  if (c >= 0x450 && c <= 0x45f) return static_cast<char16_t>(c - 80);
-  if (c >= 0x561 && c <= 0x586) return static_cast<char16_t>(c - 48);
-  if (c >= 0x1e00 && c <= 0x1eff && (c < 0x1e96 || c > 0x1e9f)) return static_cast<char16_t>(c & ~1);
-  if (c >= 0xff41 && c <= 0xff5a) return static_cast<char16_t>(c - 32);
-  return c;
-}
-
 int Compare(std::u16string_view left, std::u16string_view right, bool ignore_case) {
   if (!ignore_case) return left.compare(right);
   const std::size_t common = std::min(left.size(), right.size());

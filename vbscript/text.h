@@ -52,9 +52,17 @@ class TextBuilder {
 std::u16string ToUtf16(std::string_view utf8);
 std::string ToUtf8(std::u16string_view text);
 
-// One character to one, whatever the locale.
-char16_t UpperCase(char16_t c);
-char16_t LowerCase(char16_t c);
+// One character to one, whatever the locale. The wide ones are for characters beyond ASCII.
+char16_t UpperCaseWide(char16_t c);
+char16_t LowerCaseWide(char16_t c);
+inline char16_t UpperCase(char16_t c) {
+  if (c >= 0x80) return UpperCaseWide(c);
+  return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 32) : c;
+}
+inline char16_t LowerCase(char16_t c) {
+  if (c >= 0x80) return LowerCaseWide(c);
+  return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
+}
 // Below, at or above 0, by character code or without regard to case.
 int Compare(std::u16string_view left, std::u16string_view right, bool ignore_case);
 }  // namespace qv::vbscript

@@ -17,9 +17,9 @@ struct Case {
   const char* name;
   const char* script;
   const char* lua;
-  double most = 1.5;  // times Lua's time
 };
 
+constexpr double kMostRatio = 1.5;  // times Lua's time
 constexpr double kMostCheckMilliseconds = 10;
 constexpr int kRounds = 7;
 
@@ -58,9 +58,7 @@ constexpr Case kCases[] = {
      "Function Work()\nDim i, s, n\ns = String(99990, \"a\") & \"needle\"\nn = 0\nFor i = 1 To 2000\n"
      "n = n + InStr(1 + i, s, \"needle\")\nNext\nWork = n\nEnd Function\nresult = Work()",
      "local s = ('a'):rep(99990) .. 'needle'\nlocal n = 0\n"
-     "for i = 1, 2000 do n = n + s:find('needle', 1 + i, true) end\nresult = n",
-     // Nothing but passing over memory, of which text in UTF-16 takes twice as much.
-     3.0},
+     "for i = 1, 2000 do n = n + s:find('needle', 1 + i, true) end\nresult = n"},
     {"Replace on 100 KB",
      "Function Work()\nDim i, s, n\ns = Replace(Space(10000), \" \", \"some words\")\nn = 0\nFor i = 1 To 100\n"
      "n = n + Len(Replace(s, \"words\", \"letters\"))\nNext\nWork = n\nEnd Function\nresult = Work()",
@@ -138,8 +136,8 @@ int main() {
       lua = std::min(lua, TimeLua(work, lua_result));
     }
     const double ratio = script / lua;
-    over += ratio > work.most ? 1 : 0;
-    std::printf("%-22s %12.2f %12.2f %8.2f%s%s\n", work.name, script, lua, ratio, ratio > work.most ? "  OVER" : "",
+    over += ratio > kMostRatio ? 1 : 0;
+    std::printf("%-22s %12.2f %12.2f %8.2f%s%s\n", work.name, script, lua, ratio, ratio > kMostRatio ? "  OVER" : "",
                 script_result == lua_result ? "" : "  DIFFERENT RESULTS");
   }
   const std::string text = LongScript();

@@ -19,5 +19,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
   engine.AddCode(text);
   engine.AddCode(text);
+  engine.End();
   return 0;
 }

@@ -1,22 +1,10 @@
-#include <gtest/gtest.h>
-
 #include "tests/vbscript/script_fixture.h"
 
 namespace qv::vbscript {
 namespace {
 
-struct Row {
-  const char* script;
-  const char* told;
-};
-
-template <std::size_t N>
-void Check(const Row (&rows)[N]) {
-  for (const Row& row : rows) EXPECT_EQ(Told(row.script), row.told) << row.script;
-}
-
 TEST(Classes, Members) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Class K\nPublic a\nDim b\nPrivate c\nEnd Class\nSet o = New K\no.a = 1\no.b = 2\nPrint o.a, o.b\no.c = 3",
        "1 2\n[438 at 10:0]"},
       {"Class K\nPublic a(2)\nEnd Class\nSet o = New K\no.a(1) = 5\nPrint o.a(1)", "5\n"},
@@ -52,11 +40,11 @@ TEST(Classes, Members) {
       {"Class K\nx = 1\nEnd Class", "[1002 at 2:0]"},
       {"Class K\nFunction F\nEnd Property\nEnd Class", "[1015 at 3:4]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Classes, LifeTime) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Class K\nSub Class_Initialize\nPrint \"born\"\nEnd Sub\nSub Class_Terminate\nPrint \"gone\"\nEnd Sub\nEnd "
        "Class\n"
        "Set o = New K\nPrint 1\nSet p = o\nSet o = Nothing\nPrint 2\nSet p = Nothing\nPrint 3",
@@ -75,7 +63,7 @@ TEST(Classes, LifeTime) {
       {"Class K\nPublic other\nEnd Class\nSet a = New K\nSet a.other = a\nPrint 1", "1\n"},
       {"Class K\nSub Class_Initialize\nx = 1 / 0\nEnd Sub\nEnd Class\nSet o = New K", "[11 at 3:0]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Classes, ALongChainIsDestroyedWithoutRecursion) {
@@ -86,23 +74,43 @@ TEST(Classes, ALongChainIsDestroyedWithoutRecursion) {
 }
 
 TEST(Classes, New) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Set o = New Foo", "[500 at 1:0]"},
       {"Foo = 1\nSet o = New Foo", "[506 at 2:0]"},
       {"Sub S\nDim Foo\nSet o = New Foo\nEnd Sub\nS", "[506 at 3:0]"},
       {"Set o = New K\nPrint TypeName(o)\nClass K\nEnd Class", "K\n"},
       {"Print TypeName(New RegExp), VarType(New RegExp)", "IRegExp2 9\n"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Classes, IsComparesIdentity) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Set a = New RegExp\nSet b = a\nPrint a Is b, a Is Nothing, Nothing Is Nothing, Not a Is Nothing",
        "True False True True\n"},
       {"x = 1\ny = (x Is Nothing)", "[424 at 2:0]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
+}
+
+TEST(Classes, AtTheEndOfTheScript) {
+  constexpr ScriptRow kRows[] = {
+      {"Class K\nPublic Sub Class_Terminate\nPrint \"t\", n\nEnd Sub\nPublic n\nEnd Class\nSet a = New K\na.n = 1\nSet "
+       "b = New K\nb.n = 2\nPrint \"end\"",
+       "end\nt 1\nt 2\n"},
+      {"Class K\nPrivate Sub Class_Terminate\nx = 1 / 0\nEnd Sub\nEnd Class\nSet a = New K\nPrint \"end\"",
+       "end\n[11 at 3:0]"},
+      {"Class K\nPrivate Sub Class_Terminate\nPrint \"t\"\nEnd Sub\nEnd Class\nSet a = New K\nx = 1 / 0",
+       "t\n[11 at 7:0]"},
+      {"Class K\nPublic o\nPrivate Sub Class_Terminate\nPrint \"t\"\nEnd Sub\nEnd Class\nSet a = New K\nSet a.o = New "
+       "K\nSet a = Nothing\nPrint \"end\"",
+       "t\nt\nend\n"},
+      {"Const c = 5\nClass K\nPrivate Sub Class_Terminate\nPrint c\nEnd Sub\nEnd Class\nSet a = New K", "5\n"},
+      {"Class K\nPrivate Sub Class_Terminate\nSet again = New K\nPrint \"t\"\nEnd Sub\nEnd Class\nDim again, a\nSet "
+       "again = Nothing\nPrint 1",
+       "1\n"},
+  };
+  CheckScripts(kRows);
 }
 
 }  // namespace

@@ -7,15 +7,8 @@
 namespace qv::vbscript {
 namespace {
 
-struct Row {
-  const char* script;
-  const char* told;
-};
-
-void Check(const Row& row) { EXPECT_EQ(Told(row.script), row.told) << row.script; }
-
 TEST(Lexical, SourceLinesAndBlanks) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"\xef\xbb\xbfPrint 1", "[1032 at 1:0]"},
       {"Print 1\rPrint 2\r\nPrint 3\nPrint 4", "1\n2\n3\n4\n"},
       {"Print 1\n\rx = @", "[1032 at 3:4]"},
@@ -29,22 +22,22 @@ TEST(Lexical, SourceLinesAndBlanks) {
       {"PRINT 1 : pRiNt 2", "1\n2\n"},
       {"<!--\nPrint 1\n-->", "[1002 at 1:0]"},
   };
-  for (const Row& row : kRows) Check(row);
+  CheckScripts(kRows);
   EXPECT_EQ(Told("n = @1"), "[1032 at 1:4]");
 }
 
 TEST(Lexical, LineContinuation) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"x =_\n3\nPrint x", "3\n"},        {"x = 1 + _ \t\r\n  2\nPrint x", "3\n"},
       {"x_ = 1\nPrint x_", "1\n"},        {"x = 1 _x", "[1032 at 1:7]"},
       {"x = 1 _ ' why", "[1032 at 1:8]"}, {"Set r = New RegExp\nPrint r _\n.Pattern & _\n\"!\"", "!\n"},
       {"' a comment _\nPrint 1", "1\n"},  {"x = _\n_\n1\ny = @", "[1032 at 4:4]"},
   };
-  for (const Row& row : kRows) Check(row);
+  CheckScripts(kRows);
 }
 
 TEST(Lexical, Comments) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Print 1 ' not this : Print 2", "1\n"},
       {"Print \"a'b\"", "a'b\n"},
       {"Rem nothing : Print 2\nPrint 1 : Rem more\nREM", "1\n"},
@@ -52,11 +45,11 @@ TEST(Lexical, Comments) {
       {"If True Then Rem nothing\nPrint 1\nEnd If", "1\n"},
       {"Class K\nPublic [Rem]\nEnd Class\nSet o = New K\no.Rem = 3\nPrint o.Rem", "3\n"},
   };
-  for (const Row& row : kRows) Check(row);
+  CheckScripts(kRows);
 }
 
 TEST(Lexical, Names) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"a1_b = 2\nPrint A1_B", "2\n"},
       {"s$ = 1", "[1032 at 1:1]"},
       {"n% = 1", "[1032 at 1:1]"},
@@ -73,7 +66,7 @@ TEST(Lexical, Names) {
       {"Class K\nPublic Property Get [Next]()\n[Next] = 7\nEnd Property\nEnd Class\nSet o = New K\nPrint o.Next",
        "7\n"},
   };
-  for (const Row& row : kRows) Check(row);
+  CheckScripts(kRows);
 }
 
 TEST(Lexical, Words) {
@@ -152,12 +145,12 @@ TEST(Lexical, TextAndDateLiterals) {
 }
 
 TEST(Lexical, OtherSpellingsOfOperators) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Print 1 =< 1, 2 =< 1", "True False\n"},
       {"Print 1 => 1, 0 => 1", "True False\n"},
       {"Print 1 >< 1, 0 >< 1", "False True\n"},
   };
-  for (const Row& row : kRows) Check(row);
+  CheckScripts(kRows);
 }
 
 }  // namespace

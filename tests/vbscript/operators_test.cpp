@@ -1,22 +1,10 @@
-#include <gtest/gtest.h>
-
 #include "tests/vbscript/script_fixture.h"
 
 namespace qv::vbscript {
 namespace {
 
-struct Row {
-  const char* expression;
-  const char* value;
-};
-
-template <std::size_t N>
-void Check(const Row (&rows)[N]) {
-  for (const Row& row : rows) EXPECT_EQ(ValueOf(row.expression), row.value) << row.expression;
-}
-
 TEST(Operators, Ranks) {
-  constexpr Row kRows[] = {
+  constexpr ValueRow kRows[] = {
       {"-3^2", "9 Double"},
       {"2^3^2", "64 Double"},
       {"2 + 3 * 4", "14 Integer"},
@@ -35,12 +23,12 @@ TEST(Operators, Ranks) {
       {"6 / 2 * 3", "9 Double"},
       {"- - 3", "3 Integer"},
   };
-  Check(kRows);
+  CheckValues(kRows);
   EXPECT_EQ(Told("Function T\nPrint \"T\"\nT = True\nEnd Function\nx = True Or T()\nx = False And T()"), "T\nT\n");
 }
 
 TEST(Operators, TypesOfWholeNumbers) {
-  constexpr Row kRows[] = {
+  constexpr ValueRow kRows[] = {
       {"1 + 1", "2 Integer"},
       {"32767 + 1", "32768 Long"},
       {"32767 * 2", "65534 Long"},
@@ -66,11 +54,11 @@ TEST(Operators, TypesOfWholeNumbers) {
       {"-Null", "Null"},
       {"1 + Array(1)", "!13"},
   };
-  Check(kRows);
+  CheckValues(kRows);
 }
 
 TEST(Operators, TypesOfOtherNumbers) {
-  constexpr Row kRows[] = {
+  constexpr ValueRow kRows[] = {
       {"CSng(1.5) + 1", "2.5 Single"},
       {"CSng(1.5) + CLng(1)", "2.5 Double"},
       {"CSng(1.5) + \"1\"", "2.5 Double"},
@@ -100,11 +88,11 @@ TEST(Operators, TypesOfOtherNumbers) {
       {"2 ^ 0.5 > 1.41", "True Boolean"},
       {"(-8) ^ (1/3)", "!5"},
   };
-  Check(kRows);
+  CheckValues(kRows);
 }
 
 TEST(Operators, WholeDivision) {
-  constexpr Row kRows[] = {
+  constexpr ValueRow kRows[] = {
       {"4.6 \\ 1.5", "2 Long"},
       {"4.6 \\ 1.49", "5 Long"},
       {"7 \\ 2", "3 Integer"},
@@ -119,20 +107,20 @@ TEST(Operators, WholeDivision) {
       {"3000000000 \\ 1", "!6"},
       {"CLng(-2147483648) \\ -1", "!6"},
   };
-  Check(kRows);
+  CheckValues(kRows);
 }
 
 TEST(Operators, Joining) {
-  constexpr Row kRows[] = {
+  constexpr ValueRow kRows[] = {
       {"1 & 2", "12 String"},        {"Null & \"a\"", "a String"}, {"Null & Null", "Null"},
       {"Empty & \"x\"", "x String"}, {"True & 1", "True1 String"}, {"1.5 & \"\"", "1.5 String"},
       {"Nothing & 1", "!91"},        {"Array(1) & 1", "!13"},
   };
-  Check(kRows);
+  CheckValues(kRows);
 }
 
 TEST(Operators, Logic) {
-  constexpr Row kRows[] = {
+  constexpr ValueRow kRows[] = {
       {"True And False", "False Boolean"},
       {"5 And 3", "1 Integer"},
       {"5 Or CLng(2)", "7 Long"},
@@ -161,7 +149,7 @@ TEST(Operators, Logic) {
       {"CByte(5) Imp Null", "250 Byte"},
       {"CByte(1) And CByte(3)", "1 Byte"},
   };
-  Check(kRows);
+  CheckValues(kRows);
 }
 
 TEST(Operators, Comparisons) {
@@ -195,7 +183,7 @@ TEST(Operators, Comparisons) {
 }
 
 TEST(Operators, NumbersAsText) {
-  constexpr Row kRows[] = {
+  constexpr ValueRow kRows[] = {
       {"CStr(1/3)", "0.333333333333333 String"},
       {"CStr(0.1 + 0.2)", "0.3 String"},
       {"CStr(1e15)", "1E+15 String"},
@@ -217,7 +205,7 @@ TEST(Operators, NumbersAsText) {
       {"CStr(#14:30#)", "2:30:00 PM String"},
       {"CStr(#1/15/2024#)", "1/15/2024 String"},
   };
-  Check(kRows);
+  CheckValues(kRows);
   EXPECT_EQ(Told("x = SetLocale(1031)\nPrint CStr(1.5), CDbl(\"2,5\") * 2, x"), "1,5 5 1033\n");
 }
 

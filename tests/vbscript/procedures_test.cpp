@@ -1,22 +1,10 @@
-#include <gtest/gtest.h>
-
 #include "tests/vbscript/script_fixture.h"
 
 namespace qv::vbscript {
 namespace {
 
-struct Row {
-  const char* script;
-  const char* told;
-};
-
-template <std::size_t N>
-void Check(const Row (&rows)[N]) {
-  for (const Row& row : rows) EXPECT_EQ(Told(row.script), row.told) << row.script;
-}
-
 TEST(Procedures, Forms) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Sub S() x = 1\nPrint x\nEnd Sub\nS", "1\n"},
       {"Sub S x = 1\nEnd Sub", "[1005 at 1:6]"},
       {"Sub S : Print 1 : End Sub\nS", "1\n"},
@@ -38,11 +26,11 @@ TEST(Procedures, Forms) {
       {"Sub S\nExit Sub\nPrint 1\nEnd Sub\nS\nPrint 2", "2\n"},
       {"Function F\nF = 1\nExit Function\nF = 2\nEnd Function\nPrint F", "1\n"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Procedures, Calls) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Sub S(a, b)\nPrint a, b\nEnd Sub\nCall S(1, 2)\nS 3, 4", "1 2\n3 4\n"},
       {"Sub S\nPrint 1\nEnd Sub\nCall S\nS\nS()\nCall S()", "1\n1\n1\n1\n"},
       {"Sub S(a, b)\nEnd Sub\nS(1, 2)", "[1044 at 3:7]"},
@@ -56,11 +44,11 @@ TEST(Procedures, Calls) {
       {"Class K\nPublic Default Sub D(n)\nPrint n\nEnd Sub\nEnd Class\nSet o = New K\no 5\no(6)", "5\n6\n"},
       {"Sub S(n)\nIf n > 0 Then S n - 1\nEnd Sub\nS 100\nPrint 1", "1\n"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Procedures, ArgumentsByReference) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Sub Inc(n)\nn = n + 1\nEnd Sub\nx = 1\nInc x\nPrint x", "2\n"},
       {"Sub Inc(ByVal n)\nn = n + 1\nEnd Sub\nx = 1\nInc x\nPrint x", "1\n"},
       {"Sub Inc(ByRef n)\nn = n + 1\nEnd Sub\nx = 1\nInc (x)\nPrint x\nCall Inc((x))\nPrint x\nCall Inc(x)\nPrint x",
@@ -78,7 +66,7 @@ TEST(Procedures, ArgumentsByReference) {
       {"Sub Swap(a, b)\nt = a\na = b\nb = t\nEnd Sub\nx = 1\ny = 2\nSwap x, y\nPrint x, y", "2 1\n"},
       {"Function F(n)\nn = n * 2\nF = n\nEnd Function\nx = 3\ny = x + F(x)\nPrint y, x", "9 6\n"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
   EXPECT_EQ(Told("Dim a()\nReDim a(2)\nSub S(n)\nReDim a(5)\nEnd Sub\nS a(1)"), "[10 at 4:0]");
 }
 
@@ -91,7 +79,7 @@ TEST(Procedures, Depth) {
 }
 
 TEST(Procedures, OnErrorResumeNext) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"On Error Resume Next\nx = 1 / 0\nPrint Err.Number, Err.Description, Err.Source",
        "11 Division by zero Microsoft VBScript runtime error\n"},
       {"On Error Resume Next\nx = 1 / 0\nOn Error GoTo 0\nPrint Err.Number\nx = 1 / 0", "0\n[11 at 5:0]"},
@@ -121,11 +109,11 @@ TEST(Procedures, OnErrorResumeNext) {
       {"On Error Resume Next\nx = 1\nx = 2 + y.z\nPrint x", "1\n"},
       {"On Error Resume Next\nErr.Raise 5\nErr.Clear\nPrint Err.Number, Err.Description", "0 \n"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Procedures, ExecutedTexts) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Execute \"x = 5\"\nPrint x", "5\n"},
       {"Sub S\nExecute \"x = 5 : Print x\"\nExecute \"Print x + 1\"\nEnd Sub\nS\nPrint IsEmpty(x)", "5\n6\nTrue\n"},
       {"Sub S\nDim n\nn = 1\nExecute \"n = n + 1\"\nPrint n\nEnd Sub\nS", "2\n"},
@@ -154,7 +142,7 @@ TEST(Procedures, ExecutedTexts) {
       {"Randomize\nRandomize 5\nPrint 1", "1\n"},
       {"x = Randomize(1)", "[13 at 1:0]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Procedures, StatementsThatAreConversions) {

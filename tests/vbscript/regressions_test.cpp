@@ -27,6 +27,7 @@ TEST(Regressions, FuzzerFindingsEnd) {
     Engine engine(options);
     engine.AddCode(input.substr(1));
     engine.AddCode(input.substr(1));
+    engine.End();
     ++count;
   }
   EXPECT_GT(count, 0);

@@ -1,29 +1,20 @@
 #include "tests/vbscript/script_fixture.h"
 
-#include <vector>
+#include <sstream>
+
+#include "vbscript/script_command.h"
 
 namespace qv::vbscript {
 
 Outcome RunScript(const std::string& script, const EngineOptions& options) {
   Outcome outcome;
+  std::ostringstream out;
   Engine engine(options);
-  engine.RegisterFunction("Print", 0, -1, [&outcome](const std::vector<HostValue>& values) -> HostValue {
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      if (i != 0) outcome.printed += ' ';
-      if (const auto* text = std::get_if<std::string>(&values[i])) outcome.printed += *text;
-      if (const auto* flag = std::get_if<bool>(&values[i])) outcome.printed += *flag ? "True" : "False";
-      if (std::holds_alternative<std::nullptr_t>(values[i])) outcome.printed += "Null";
-      if (const auto* number = std::get_if<double>(&values[i])) {
-        const auto whole = static_cast<long long>(*number);
-        outcome.printed += static_cast<double>(whole) == *number ? std::to_string(whole) : std::to_string(*number);
-      }
-    }
-    outcome.printed += '\n';
-    return {};
-  });
+  engine.RegisterFunction("Print", 0, -1, PrintTo(out));
   outcome.error = engine.AddCode(script);
   const std::optional<ScriptError> end_error = engine.End();
   if (!outcome.error) outcome.error = end_error;
+  outcome.printed = out.str();
   return outcome;
 }
 

@@ -1,22 +1,10 @@
-#include <gtest/gtest.h>
-
 #include "tests/vbscript/script_fixture.h"
 
 namespace qv::vbscript {
 namespace {
 
-struct Row {
-  const char* script;
-  const char* told;
-};
-
-template <std::size_t N>
-void Check(const Row (&rows)[N]) {
-  for (const Row& row : rows) EXPECT_EQ(Told(row.script), row.told) << row.script;
-}
-
 TEST(Statements, OrderOfWork) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Print F(2)\nFunction F(n)\nF = n * 2\nEnd Function", "4\n"},
       {"x = 3\nDim x\nPrint x", "3\n"},
       {"a(1) = 5\nPrint a(1)\nDim a(2)", "5\n"},
@@ -30,7 +18,7 @@ TEST(Statements, OrderOfWork) {
       {"Sub S\nIf True Then\nClass C\nEnd Class\nEnd If\nEnd Sub", "[1002 at 3:0]"},
       {"If True Then\nClass C\nEnd Class\nEnd If", "[1002 at 2:0]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Statements, NameClashesInOneText) {
@@ -46,7 +34,7 @@ TEST(Statements, NameClashesInOneText) {
       }
     }
   }
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Print F()\nFunction F()\nF = 1\nEnd Function\nFunction F()\nF = 2\nEnd Function", "2\n"},
       {"F\nFunction F()\nPrint 1\nEnd Function\nSub F()\nPrint 3\nEnd Sub", "3\n"},
       {"Sub S\nDim a\nDim A\nEnd Sub", "[1041 at 3:4]"},
@@ -60,7 +48,7 @@ TEST(Statements, NameClashesInOneText) {
       {"Dim Left\nLeft = 4\nPrint Left", "4\n"},
       {"Class RegExp\nEnd Class\nPrint TypeName(New RegExp)", "IRegExp2\n"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Statements, NameClashesWithEarlierTexts) {
@@ -110,7 +98,7 @@ TEST(Statements, LaterTextsReplaceProcedures) {
 }
 
 TEST(Statements, ArraysAreDeclaredAndRedimensioned) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"For i = 1 To 3\nDim x\nx = x + 1\nNext\nPrint x", "3\n"},
       {"Dim a()\nPrint UBound(a)", "[9 at 2:0]"},
       {"Dim a()\nReDim a(3)\na(3) = 1\nReDim Preserve a(5)\nPrint a(3), UBound(a)", "1 5\n"},
@@ -145,11 +133,11 @@ TEST(Statements, ArraysAreDeclaredAndRedimensioned) {
       {"x = 5\ny = x()", "[13 at 2:0]"},
       {"a = Array(1)\ny = a()", "[9 at 2:0]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Statements, Constants) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Const a = 5, b = \"x\", c = -+-3, d = True, e = Empty, f = Null, h = #1/2/2003#\nPrint a, b, c, d, h",
        "5 x 3 True 1/2/2003\n"},
       {"Const n = Nothing\nPrint n Is Nothing", "True\n"},
@@ -162,11 +150,11 @@ TEST(Statements, Constants) {
       {"Sub S\nEnd Sub\nS = 3", "[501 at 3:0]"},
       {"Function F\nEnd Function\nF = 3", "[501 at 3:0]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Statements, NamesThatNothingDeclares) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Print IsEmpty(zz)", "True\n"},
       {"Sub S\ny = 5\nPrint y\nEnd Sub\nS\nPrint IsEmpty(y)", "5\nTrue\n"},
       {"y = 1\nSub S\ny = 5\nEnd Sub\nS\nPrint y", "5\n"},
@@ -178,11 +166,11 @@ TEST(Statements, NamesThatNothingDeclares) {
       {"WScript.Echo \"x\"", "[424 at 1:0]"},
       {"Option Explicit\nWScript.Echo \"x\"", "[500 at 2:0]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Statements, Assignment) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Class K\nPublic Default Property Get V\nV = 5\nEnd Property\nEnd Class\nSet o = New K\nx = o\nPrint x", "5\n"},
       {"Class K\nEnd Class\nSet o = New K\nx = o", "[438 at 4:0]"},
       {"x = Nothing", "[91 at 1:0]"},
@@ -192,11 +180,11 @@ TEST(Statements, Assignment) {
       {"Dim a(1)\nSet a(0) = New RegExp\nPrint TypeName(a(0))", "IRegExp2\n"},
       {"Let x = 1", "[1024 at 1:0]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Statements, Conditions) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"If Null Then\nPrint 1\nElse\nPrint 2\nEnd If", "2\n"},
       {"If 0.5 Then Print 1 Else Print 2", "1\n"},
       {"If \"true\" Then Print 1", "1\n"},
@@ -214,11 +202,11 @@ TEST(Statements, Conditions) {
       {"If 1 Then Call S Else Call S\nSub S\nPrint 5\nEnd Sub", "5\n"},
       {"If 1 Then\nPrint 1\nEnd If : Print 2", "1\n2\n"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Statements, SelectCase) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Select Case 3\nCase 1, 3\nPrint \"a\"\nCase 3\nPrint \"b\"\nCase Else\nPrint \"c\"\nEnd Select", "a\n"},
       {"Select Case 9\nCase 1\nPrint 1\nCase Else\nPrint 2\nEnd Select", "2\n"},
       {"Select Case 1\nCase 1 x = 2\nPrint x\nEnd Select", "2\n"},
@@ -229,11 +217,11 @@ TEST(Statements, SelectCase) {
       {"Select Case 2\nCase 1 To 3\nEnd Select", "[1024 at 2:7]"},
       {"Select Case 2\nCase Is > 1\nEnd Select", "[1002 at 2:5]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Statements, Loops) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"For i = 1 To 3\nNext\nPrint i", "4\n"},
       {"For i = 3 To 1\nPrint i\nNext\nPrint i", "3\n"},
       {"For i = 3 To 1 Step -1\nPrint i\nNext", "3\n2\n1\n"},
@@ -267,11 +255,11 @@ TEST(Statements, Loops) {
       {"For i = 1 To 2\nSub S\nExit For\nEnd Sub\nNext", "[1002 at 2:0]"},
       {"While 1\nExit While\nWend", "[1039 at 2:5]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 TEST(Statements, With) {
-  constexpr Row kRows[] = {
+  constexpr ScriptRow kRows[] = {
       {"Class K\nPublic a, b\nEnd Class\nWith New K\n.a = 1\n.b = .a + 1\nPrint .a, .b\nEnd With", "1 2\n"},
       {"Class K\nPublic a\nEnd Class\nSet o = New K\nSet o.a = New K\nWith o\nWith .a\n.a = 5\nEnd With\nPrint "
        ".a.a\nEnd "
@@ -283,7 +271,7 @@ TEST(Statements, With) {
       {".x = 1", "[505 at 1:0]"},
       {"y = .x", "[505 at 1:0]"},
   };
-  Check(kRows);
+  CheckScripts(kRows);
 }
 
 }  // namespace

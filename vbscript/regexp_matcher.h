@@ -1,22 +1,14 @@
+#pragma once
+
 #include <algorithm>
 
 #include "vbscript/failure.h"
 #include "vbscript/regexp.h"
-#include "vbscript/search.h"
 #include "vbscript/text.h"
 
 namespace qv::vbscript {
-namespace {
 
-constexpr std::size_t kDeepestStack = 1U << 21;
-constexpr std::uint32_t kNowhere = 0xffffffff;
-
-bool IsWordCharacter(char16_t c) {
-  return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_';
-}
-
-}  // namespace
-
+// One search: the machine that runs a pattern's program over a text. It backtracks on a stack of its own.
 class RegExpMatcher {
  public:
   RegExpMatcher(const RegExp& expression, Context& context, std::u16string_view text)
@@ -42,6 +34,10 @@ class RegExpMatcher {
   }
 
  private:
+  static constexpr std::size_t kDeepestStack = 1U << 21;
+  static constexpr std::uint32_t kNowhere = 0xffffffff;
+  static constexpr std::uint32_t kEmptyRounds = 1000;
+
   using Op = RegExp::Op;
   using Instr = RegExp::Instr;
 
@@ -117,6 +113,10 @@ class RegExpMatcher {
       return true;
     }
     return false;
+  }
+
+  static bool IsWordCharacter(char16_t c) {
+    return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_';
   }
 
   bool AtWordEdge(std::uint32_t position) const {
@@ -258,13 +258,14 @@ class RegExpMatcher {
           CountLoop(instr, pc, position);
           break;
         case Op::kCountEnd: {
-          // A round beyond the required ones that took nothing would go on for ever.
+          // A round beyond the required ones that took nothing would go on for ever, and many required ones that take
+          // nothing are as good as all of them.
           const Instr& head = expression_.code_[instr.b];
-          goes_on = position != starts_[instr.a] || counts_[instr.a] < head.min;
-          if (goes_on && position == starts_[instr.a]) {
-            Count(instr.a, head.min, position);
-          } else if (goes_on) {
-            Count(instr.a, counts_[instr.a] + 1, position);
+          const bool took_nothing = position == starts_[instr.a];
+          goes_on = !took_nothing || counts_[instr.a] < head.min;
+          if (goes_on) {
+            const bool skips = took_nothing && counts_[instr.a] >= kEmptyRounds;
+            Count(instr.a, skips ? head.min : counts_[instr.a] + 1, position);
           }
           pc = instr.b;
           break;
@@ -285,42 +286,5 @@ class RegExpMatcher {
   std::vector<std::uint32_t> starts_;
   std::vector<Entry> stack_;
 };
-
-bool RegExp::Set::Has(char16_t c) const {
-  return std::any_of(ranges.begin(), ranges.end(),
-                     [c](const auto& range) { return c >= range.first && c <= range.second; });
-}
-
-bool RegExp::Fits(const Instr& test, char16_t c) const {
-  switch (test.op) {
-    case Op::kChar:
-      return (flags_.ignore_case ? UpperCase(c) : c) == test.a;
-    case Op::kAny:
-      return c != u'\n';
-    default: {
-      const Set& set = sets_[test.a];
-      const bool has = set.Has(c) || (flags_.ignore_case && (set.Has(LowerCase(c)) || set.Has(UpperCase(c))));
-      return has != set.negated;
-    }
-  }
-}
-
-bool RegExp::Find(Context& context, std::u16string_view text, std::size_t from, std::vector<Span>& spans) const {
-  RegExpMatcher matcher(*this, context, text);
-  // A pattern that starts with a plain character is only tried where that stands.
-  const bool plain_start = code_.size() > 1 && code_[1].op == Op::kChar && !flags_.ignore_case;
-  for (std::size_t at = from; at <= text.size(); ++at) {
-    if (plain_start) {
-      const char16_t first = static_cast<char16_t>(code_[1].a);
-      at = Search(context, text, {&first, 1}, at, false);
-      if (at == std::u16string_view::npos) return false;
-    }
-    if (!matcher.MatchAt(at)) continue;
-    spans.clear();
-    for (std::size_t group = 0; group <= groups_; ++group) spans.push_back(matcher.SpanOf(group));
-    return true;
-  }
-  return false;
-}
 
 }  // namespace qv::vbscript
