@@ -26,18 +26,12 @@ ActionDialog::ActionDialog(Run& run, const ActionDialogTraits& traits)
       traits_(traits) {}
 
 void ActionDialog::EditTask() {
-  try {
-    Load();
+  ShowPrepared([this] {
     BeforeLoad();
     LoadTask();
     AfterLoad();
     LockDeleteView();
-    ShowModal();
-  } catch (...) {
-    // Otherwise the next opening would find the controls as they are now.
-    Unload();
-    throw;
-  }
+  });
 }
 
 Layout ActionDialog::Arrange() const {

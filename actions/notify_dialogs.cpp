@@ -114,7 +114,7 @@ void NotifyDialog::chkStatus_Click() {
 void NotifyDialog::cmdEdit_Click() {
   // The editor is told of the file whether or not it is there, and deals with a missing one.
   const std::string path = TemplateFolder() + "\\" + kPrefix + notify_->cboTemplate.Text() + ".TXT";
-  toolkit().StartProgram("notepad \"" + path + "\"", path);
+  toolkit().StartProgram("notepad \"" + path + "\"");
 }
 
 bool NotifyDialog::Validate() {

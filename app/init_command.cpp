@@ -7,11 +7,11 @@
 
 #include "app/commands.h"
 #include "app/data_directory.h"
+#include "app/demo/demo_server.h"
 #include "desktop/code_page.h"
 #include "platform/text.h"
 #include "services/server_context.h"
 #include "store/database.h"
-#include "store/demo/demo_server.h"
 #include "store/exchange.h"
 #include "store/registry_values.h"
 
@@ -27,6 +27,12 @@ struct InitOptions {
   int variant = 1;
 };
 
+// What stands below the configuration directory, under the names that it has there already in whatever case.
+fs::path Below(fs::path folder, const fs::path& relative) {
+  for (const fs::path& name : relative) folder = EntryOf(folder, name.string());
+  return folder;
+}
+
 void WriteFile(const fs::path& path, const std::string& text) {
   MakeFolder(path.parent_path());
   std::ofstream file(path, std::ios::binary);
@@ -39,8 +45,8 @@ void WriteFile(const fs::path& path, const std::string& text) {
 void FillDemo(Database& database, const fs::path& configuration, int variant) {
   const DemoServer demo = MakeDemoServer(variant);
   StoreDataSet(database, demo.data);
-  for (const std::string& folder : demo.folders) MakeFolder(configuration / folder);
-  for (const auto& [path, text] : demo.files) WriteFile(configuration / path, text);
+  for (const std::string& folder : demo.folders) MakeFolder(Below(configuration, folder));
+  for (const auto& [path, text] : demo.files) WriteFile(Below(configuration, path), text);
 }
 
 void Fill(const fs::path& database_file, const fs::path& configuration, const InitOptions& options) {
@@ -63,7 +69,7 @@ void Init(const InitOptions& options) {
   }
   const fs::path configuration = directory / "config";
   for (const char* folder : {"Filters/Criteria", "Filters/templates", "Filters/patterns"}) {
-    MakeFolder(configuration / folder);
+    MakeFolder(Below(configuration, folder));
   }
   try {
     Fill(database_file, configuration, options);

@@ -1,17 +1,36 @@
 #include <CLI/CLI.hpp>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <memory>
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "app/commands.h"
+#include "desktop/code_page.h"
+#include "platform/text.h"
 #include "vbscript/script_command.h"
 
 namespace qv {
 
 namespace {
 
-using Command = int (*)(const std::string&, const vbscript::EngineOptions&, std::ostream&, std::ostream&);
+// The text of a script's file: UTF-8, or else the code page in which the servers keep their scripts.
+std::optional<std::string> ReadScript(const std::string& path) {
+  std::error_code none;
+  std::ifstream file(path, std::ios::binary);
+  if (!file || std::filesystem::is_directory(path, none)) {
+    std::cerr << path << ": cannot be read\n";
+    return std::nullopt;
+  }
+  std::string bytes(std::istreambuf_iterator<char>(file), {});
+  return ValidUtf8(bytes) == bytes ? std::move(bytes) : FromCodePage(bytes);
+}
 
-void AddScriptCommand(CLI::App& group, const char* name, const char* description, Command command, int& status) {
+void AddScriptCommand(CLI::App& group, const char* name, const char* description,
+                      decltype(vbscript::ScriptRun)* command, int& status) {
   struct Input {
     std::string file;
     bool plain = false;
@@ -25,7 +44,8 @@ void AddScriptCommand(CLI::App& group, const char* name, const char* description
     options.bracketed_names = input->plain;
     options.safe_subset = !input->plain;
     options.procedures_clash = !input->plain;
-    status = command(input->file, options, std::cout, std::cerr);
+    const std::optional<std::string> text = ReadScript(input->file);
+    status = text ? command(input->file, *text, options, std::cout, std::cerr) : 1;
   });
 }
 

@@ -13,7 +13,6 @@ enum class Offered { All, System, Never };
 struct CriterionRow {
   const char* RuleID;
   const char* Description;
-  const char* Token;  // its name in criteria scripts; "" for none
   Offered offered;
   CriterionDialog* (*dialog)(Run& run);  // null for the row that is opened in a way of its own
 };

@@ -46,17 +46,6 @@ int CriterionForm::LoadFromProvider() {
   return result;
 }
 
-void CriterionForm::Open(const std::function<void()>& prepare) {
-  Load();
-  try {
-    prepare();
-  } catch (...) {
-    Unload();
-    throw;
-  }
-  ShowModal();
-}
-
 void CriterionForm::Save(const std::string& values) {
   const auto criteria = run_.components.CreateCriteria();
   criteria->Host = Host;
@@ -93,7 +82,7 @@ CriterionDialog::CriterionDialog(Run& run, const CriterionFamily& family)
       load_failure_(family.load_failure) {}
 
 int CriterionDialog::SetCriteria() {
-  Open([this] {
+  ShowPrepared([this] {
     PrepareLists();
     LoadData();
     CompleteLists();

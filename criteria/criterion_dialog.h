@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -41,8 +40,6 @@ class CriterionForm : public Form {
 
   Run& run() const { return run_; }
   int result() const { return result_; }
-  // Loads the form, prepares it and shows it. A preparation that fails takes the form away again.
-  void Open(const std::function<void()>& prepare);
   // Writes the fields to the row, with these Values; tells of a failure or has the server reload. Sets the result and
   // closes in both cases.
   void Save(const std::string& values);

@@ -9,7 +9,7 @@ frmCriteriaImportance::frmCriteriaImportance(Run& run)
 
 int frmCriteriaImportance::SetImportance(const std::string& criteria_id, const std::string& rule_id,
                                          const std::string& postoffice, const std::string& mailbox) {
-  Open([&] {
+  ShowPrepared([&] {
     FillList();
     CriteriaID = criteria_id;
     RuleID = rule_id;
@@ -24,7 +24,7 @@ int frmCriteriaImportance::SetImportance(const std::string& criteria_id, const s
 }
 
 int frmCriteriaImportance::SetCriteria() {
-  Open([this] { FillList(); });
+  ShowPrepared([this] { FillList(); });
   return result();
 }
 

@@ -143,7 +143,7 @@ void frmCriteriaWordList::cmdEdit_Click() {
   const std::string path = PatternFolder() + "\\" + FileName(cboPattern.Text());
   // A file that has gone since is the editor's to tell.
   (void)run().files.FileExists(path);
-  toolkit().StartProgram("notepad \"" + path + "\"", path);
+  toolkit().StartProgram("notepad \"" + path + "\"");
 }
 
 std::vector<Layout> frmCriteriaWordList::Body() const {

@@ -1,7 +1,7 @@
 #include "editor/action_catalogue.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 #include "actions/execute_app_dialog.h"
 #include "actions/folder_dialog.h"
@@ -22,7 +22,7 @@ ActionDialog& The(Run& run) {
 using namespace action_types;
 
 // Mark as spam is stored without the full stop that its edits ask for, so that its own tasks are edited as headers.
-constexpr std::array<ActionItem, 16> kItems{{
+constexpr ActionItem kItems[] = {
     {"Copy to BadMail", "COPY_TO_BADMAIL", kCopyToBadMail, The<frmTaskBadMail>, true, false},
     {"Copy to Quarantine", "COPY_TO_QUARANTINE", kCopyToQuarantine, The<FrmTaskQuarantine>, true, false},
     {"Delete Message", "DELETE", kDelete, The<frmTaskDeleteMessage>, true, true},
@@ -40,12 +40,12 @@ constexpr std::array<ActionItem, 16> kItems{{
     {"Copy message to folder...", "COPY", kCopy, The<frmTaskGenericFolder>, false, true},
     {"Move message to Junk E-Mail folder", "JUNK", kJunk, The<frmTaskGeneric>, false, true},
     {"Move message to Quarantine folder", "QUARANTINE", kQuarantine, The<frmTaskGeneric>, false, true},
-}};
+};
 
 template <class Test>
 const ActionItem* Find(Test&& test) {
-  const auto found = std::find_if(kItems.begin(), kItems.end(), test);
-  return found == kItems.end() ? nullptr : &*found;
+  const auto* found = std::find_if(std::begin(kItems), std::end(kItems), test);
+  return found == std::end(kItems) ? nullptr : found;
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/controls.h"
+#include "platform/list_controls.h"
 #include "services/run.h"
 
 namespace qv {

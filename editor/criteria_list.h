@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/controls.h"
+#include "platform/list_controls.h"
 #include "services/run.h"
 
 namespace qv {

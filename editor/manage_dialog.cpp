@@ -43,12 +43,14 @@ void frmManage::EditFilter(std::string& ID, const std::string& Postoffice, const
   mailbox_ = Mailbox;
   host_ = Host;
   if (TextLength(ID) > 3 && UpperCase(Left(ID, 3)) == "FLT") ID = "CRT" + Mid(ID, 3);
+  ShowPrepared([&] { Prepare(ID); });
+}
 
-  Load();
+void frmManage::Prepare(const std::string& id) {
   const bool offered = GetScriptingStatus(run_) != 0 && mailbox_.empty();
   OfferScripting(offered);
   if (offered) {
-    if (GetCriteriaScriptState(run_, ID, postoffice_) == kScriptActive) {
+    if (GetCriteriaScriptState(run_, id, postoffice_) == kScriptActive) {
       SetCriteriaScriptMode();
     } else {
       SetStandardCriteriaMode();
@@ -66,11 +68,10 @@ void frmManage::EditFilter(std::string& ID, const std::string& Postoffice, const
   lblDisabled.SetVisible(!filtering);
 
   criteria_.Bind(postoffice_, mailbox_, host_);
-  criteria_.lvLoadCriteria(ID, lvwCriteria, 0);
-  id_ = ID;
+  criteria_.lvLoadCriteria(id, lvwCriteria, 0);
+  id_ = id;
   actions_.Open(id_, postoffice_, mailbox_, host_);
   SetFocus(lvwCriteria.Usable() ? static_cast<Control&>(lvwCriteria) : cmdAdvancedScripting);
-  ShowModal();
 }
 
 void frmManage::OfferScripting(bool offered) {

@@ -51,6 +51,7 @@ class frmManage : public Form {
   Button cmdClose{*this, "cmdClose", "Close"};
 
  private:
+  void Prepare(const std::string& id);
   void SetStandardCriteriaMode();
   void SetCriteriaScriptMode();
   void OfferScripting(bool offered);

@@ -2,7 +2,7 @@
 
 #include <functional>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace qv {
 
@@ -33,7 +33,6 @@ class Control {
 
   // The distance from the top of the form's client area in twips, where it is settled. It decides what the form's
   // height hides.
-  int Top() const { return top_; }
   void SetTop(int twips) { top_ = twips; }
 
   // What the person can see: not hidden by itself, a hidden frame around it or the form's height.
@@ -143,9 +142,14 @@ class Button : public CaptionedControl {
   std::string tip_;
 };
 
+struct ToggleState {
+  std::string caption;
+  bool checked = false;
+};
+
 // A check box or an option: something that is set or clear. A different value runs the click handler, the same value
 // doesn't.
-class ToggleControl : public Control {
+class ToggleControl : public StatefulControl<ToggleState> {
  public:
   const std::string& Caption() const { return state_.caption; }
   void SetCaption(std::string caption) { state_.caption = std::move(caption); }
@@ -155,15 +159,7 @@ class ToggleControl : public Control {
 
  protected:
   ToggleControl(Form& form, Kind kind, std::string name, std::string caption, Frame* parent);
-  void KeepDesign() override;
-  void RestoreDesign() override;
   void Assign(bool checked);
-
-  struct State {
-    std::string caption;
-    bool checked = false;
-  };
-  State state_, designed_state_;
 };
 
 class CheckBox : public ToggleControl {
@@ -185,173 +181,6 @@ class OptionButton : public ToggleControl {
   // Setting an option clears its fellows in the same frame; they do not run their handlers.
   void SetChecked(bool checked);
   void Press() { SetChecked(true); }
-};
-
-enum class BackColor { Window, ButtonFace };
-
-class TextBox : public Control {
- public:
-  TextBox(Form& form, std::string name, Frame* parent = nullptr, bool multi_line = false);
-
-  const std::string& Text() const { return state_.text; }
-  // Cut to the maximum length. The caret goes to the start. A different text runs the Change handler.
-  void SetText(const std::string& text);
-
-  std::size_t SelStart() const { return state_.sel_start; }
-  std::size_t SelLength() const { return state_.sel_length; }
-  // Positions in characters; what lies outside the text is brought to its nearest end.
-  void Select(std::size_t start, std::size_t length);
-
-  std::size_t MaxLength() const { return max_length_; }
-  void SetMaxLength(std::size_t characters) { max_length_ = characters; }
-  BackColor Back() const { return state_.back; }
-  void SetBack(BackColor color) { state_.back = color; }
-  bool MultiLine() const { return multi_line_; }
-
-  // The characters that typing lets through beside backspace and return; empty for all. Pasted text isn't filtered.
-  const std::string& Keys() const { return keys_; }
-  void SetKeys(std::string characters) { keys_ = std::move(characters); }
-
-  // A text box for source code, which a front end may show as a code editor.
-  bool Code() const { return code_; }
-  void SetCode(bool code) { code_ = code; }
-
-  // The person's typing, key by key at the caret, in place of a selection: "\b" is backspace, "\r" return.
-  void Type(const std::string& keys);
-  // The person's paste over everything.
-  void Paste(const std::string& text);
-
-  std::function<void()> Change;
-
- protected:
-  void KeepDesign() override { Control::KeepDesign(), designed_state_ = state_; }
-  void RestoreDesign() override { Control::RestoreDesign(), state_ = designed_state_; }
-
- private:
-  struct State {
-    std::string text;
-    std::size_t sel_start = 0, sel_length = 0;
-    BackColor back = BackColor::Window;
-  };
-  void Put(const std::string& text, std::size_t caret);
-
-  State state_, designed_state_;
-  std::size_t max_length_ = 0;
-  std::string keys_;
-  bool multi_line_ = false, code_ = false;
-};
-
-// A list box or, without typing, a drop-down list.
-class ListControl : public Control {
- public:
-  const std::vector<std::string>& Items() const { return state_.items; }
-  long ListCount() const { return static_cast<long>(state_.items.size()); }
-  // Raises RuntimeError when there is no such entry.
-  const std::string& List(long index) const;
-  void SetList(long index, std::string text);
-  void AddItem(std::string text) { state_.items.push_back(std::move(text)); }
-  // Removes an entry; the selection stays on its entry, or is lost with it. Raises RuntimeError when there is none.
-  void RemoveItem(long index);
-  void Clear();
-
-  // The selected entry from 0, or -1. Setting it raises RuntimeError when there is no such entry.
-  long ListIndex() const { return state_.selected; }
-  void SetListIndex(long index);
-  // The text of the selected entry; empty when there is none.
-  std::string Text() const;
-
-  // The person's click and double click on an entry, or on the empty space below (-1), which keeps the selection.
-  void Press(long index);
-  void PressTwice(long index);
-
-  std::function<void()> Click, DblClick;
-
- protected:
-  ListControl(Form& form, Kind kind, std::string name, Frame* parent) : Control(form, kind, std::move(name), parent) {}
-  void KeepDesign() override { Control::KeepDesign(), designed_state_ = state_; }
-  void RestoreDesign() override { Control::RestoreDesign(), state_ = designed_state_; }
-
- private:
-  struct State {
-    std::vector<std::string> items;
-    long selected = -1;
-  };
-  State state_, designed_state_;
-};
-
-class ListBox : public ListControl {
- public:
-  ListBox(Form& form, std::string name, Frame* parent = nullptr)
-      : ListControl(form, Kind::List, std::move(name), parent) {}
-};
-
-class ComboBox : public ListControl {
- public:
-  ComboBox(Form& form, std::string name, Frame* parent = nullptr)
-      : ListControl(form, Kind::Combo, std::move(name), parent) {}
-};
-
-struct ListRow {
-  std::string Key;
-  std::string Text;
-  std::vector<std::string> SubItems;
-  bool Checked = false;
-};
-
-// A list in report mode. Column 0 shows a row's text, column N its sub-item N - 1.
-class RowList : public Control {
- public:
-  struct Column {
-    std::string Key, Header;
-    int Width = 0;  // twips
-  };
-
-  RowList(Form& form, std::string name, std::vector<Column> columns, bool check_boxes = false, Frame* parent = nullptr);
-
-  const std::vector<Column>& Columns() const { return state_.columns; }
-  void SetColumns(std::vector<Column> columns) { state_.columns = std::move(columns); }
-  bool CheckBoxes() const { return check_boxes_; }
-
-  const std::vector<ListRow>& Rows() const { return state_.rows; }
-  long Count() const { return static_cast<long>(state_.rows.size()); }
-  // Raises RuntimeError 35600 when the index is out of bounds.
-  const ListRow& Row(long index) const;
-  // Raises RuntimeError 35602 when there is a row of that key already.
-  void AddRow(ListRow row);
-  void SetKey(long index, const std::string& key);
-  void SetText(long index, std::string text);
-  void SetSubItem(long index, std::size_t number, std::string text);
-  // Takes all rows away, and the selection with them.
-  void Clear();
-
-  // From 0; -1 for none.
-  long Selected() const { return state_.selected; }
-  // Raises RuntimeError 35600 when there is no such row.
-  void SelectRow(long index);
-
-  void Press(long index);
-  void PressTwice(long index);
-  // The person's click on a row's check box; neither selects the row nor runs the click handler.
-  void Check(long index, bool checked);
-
-  std::function<void()> Click, DblClick;
-  std::function<void(long index)> ItemCheck;
-
- protected:
-  void KeepDesign() override { Control::KeepDesign(), designed_state_ = state_; }
-  void RestoreDesign() override { Control::RestoreDesign(), state_ = designed_state_; }
-
- private:
-  struct State {
-    std::vector<Column> columns;
-    std::vector<ListRow> rows;
-    long selected = -1;
-  };
-  ListRow& At(long index);
-  void MustBeNew(const std::string& key) const;
-
-  State state_, designed_state_;
-  bool check_boxes_;
 };
 
 }  // namespace qv

@@ -46,6 +46,17 @@ void Form::ShowModal() {
   toolkit_.ShowModal(*this);
 }
 
+void Form::ShowPrepared(const std::function<void()>& prepare) {
+  Load();
+  try {
+    prepare();
+  } catch (...) {
+    Unload();
+    throw;
+  }
+  ShowModal();
+}
+
 void Form::FocusFirst() {
   for (Control* control : controls_) {
     if (control->TakesFocus() && control->Showing() && control->Usable()) {

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/controls.h"
 #include "platform/layout.h"
+#include "platform/list_controls.h"
+#include "platform/text_box.h"
 #include "platform/toolkit.h"
 
 namespace qv {
@@ -61,6 +64,9 @@ class Form {
   void SetDesignedClientHeight(int twips) { designed_client_height_ = twips; }
   // What the form does when it is loaded, after its controls have their designed state.
   virtual void Form_Load() {}
+  // Loads the form, prepares it and shows it. A preparation that fails takes the form away again, so that the next
+  // opening finds the design.
+  void ShowPrepared(const std::function<void()>& prepare);
 
  private:
   friend class Control;

@@ -25,10 +25,8 @@ class Toolkit {
   // Whether the Tab key has brought the focus, asked while a control gets it.
   virtual bool TabKeyDown() = 0;
 
-  // Starts a program from a command line in a normal, focused window and goes on without waiting. `file` is the file
-  // that the command line opens in the system's text editor, so that a desktop without programs can show it itself;
-  // empty when there is none.
-  virtual void StartProgram(const std::string& command_line, const std::string& file) = 0;
+  // Starts a program from a command line in a normal, focused window and goes on without waiting.
+  virtual void StartProgram(const std::string& command_line) = 0;
 
   // Opens the system's default handler for an address.
   virtual void OpenAddress(const std::string& address) = 0;

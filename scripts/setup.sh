@@ -1,4 +1,5 @@
-# Installs what the project needs and the machine lacks. Sourced by ./run and ./test from the root of the checkout.
+# Installs what the project needs and the machine lacks, and builds it. Sourced by the other scripts, from the root of
+# the checkout.
 
 say() { printf '\n== %s\n' "$*"; }
 
@@ -49,7 +50,7 @@ need_npm_packages() {
 }
 
 need_build() {
-  need_packages g++ cmake ninja-build ccache libboost1.81-dev libsoci-dev libsqlite3-dev libcli11-dev zlib1g-dev
+  need_packages g++ cmake ninja-build ccache libboost1.81-dev libsoci-dev libsqlite3-dev libcli11-dev
   need_npm_packages
 }
 

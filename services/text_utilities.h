@@ -4,7 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/controls.h"
+#include "platform/list_controls.h"
+#include "platform/text_box.h"
 #include "services/run.h"
 
 namespace qv {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/runtime_error.h"
+#include "platform/text.h"
 #include "store/connection.h"
 
 namespace qv {
@@ -13,6 +14,13 @@ namespace {
 
 // How many connections wait open for their next use.
 constexpr std::size_t kIdleConnections = 2;
+
+// What the database says, without the statement, its data and the library's function.
+std::string ReasonOf(const soci::soci_error& error) {
+  const std::string text = error.get_error_message();
+  const std::size_t end = StartsWith(text, "sqlite3_") ? text.find(": ") : std::string::npos;
+  return end == std::string::npos ? text : text.substr(end + 2);
+}
 
 std::string Describe(const soci::sqlite3_soci_error& error, const std::string& file) {
   const std::string database = "The database '" + file + "'";
@@ -36,7 +44,7 @@ std::string Describe(const soci::sqlite3_soci_error& error, const std::string& f
     case SQLITE_IOERR:
       return database + " can't be read or written.";
     default:
-      return database + " can't carry it out: " + error.what();
+      return database + " can't carry it out: " + ReasonOf(error);
   }
 }
 
@@ -48,7 +56,7 @@ auto Naming(const std::filesystem::path& file, Step&& step) {
   } catch (const soci::sqlite3_soci_error& error) {
     throw RuntimeError(Describe(error, file.string()));
   } catch (const soci::soci_error& error) {
-    throw RuntimeError("The database '" + file.string() + "' can't carry it out: " + error.what());
+    throw RuntimeError("The database '" + file.string() + "' can't carry it out: " + ReasonOf(error));
   }
 }
 

@@ -1,4 +1,5 @@
 #include <map>
+#include <type_traits>
 #include <utility>
 
 #include "platform/text.h"
@@ -11,45 +12,9 @@ namespace qv {
 
 namespace {
 
-// The tables' own names and order, and the columns beside the fields.
+// The order in which the rows of a kind are read.
 template <class Row>
-struct Table;
-
-template <>
-struct Table<FilterRow> {
-  static constexpr const char* kName = "filters";
-  static constexpr const char* kOrder = "Postoffice, Mailbox, Position, id";
-};
-template <>
-struct Table<CriteriaRow> {
-  static constexpr const char* kName = "criteria";
-  static constexpr const char* kOrder = "id";
-};
-template <>
-struct Table<TaskRow> {
-  static constexpr const char* kName = "tasks";
-  static constexpr const char* kOrder = "id";
-};
-template <>
-struct Table<PostofficeRow> {
-  static constexpr const char* kName = "postoffices";
-  static constexpr const char* kOrder = "id";
-};
-template <>
-struct Table<MailboxRow> {
-  static constexpr const char* kName = "mailboxes";
-  static constexpr const char* kOrder = "id";
-};
-template <>
-struct Table<OptionRow> {
-  static constexpr const char* kName = "options";
-  static constexpr const char* kOrder = "id";
-};
-template <>
-struct Table<RegistryRow> {
-  static constexpr const char* kName = "registry";
-  static constexpr const char* kOrder = "id";
-};
+constexpr const char* kOrder = std::is_same_v<Row, FilterRow> ? "Postoffice, Mailbox, Position, id" : "id";
 
 template <class Row, class Visitor>
 void VisitColumns(Row& row, Visitor& visitor) {
@@ -93,7 +58,7 @@ struct SelectRows : Statement {
     ColumnNames columns;
     VisitColumns(row, columns);
     VisitColumns(row, *this);
-    Prepare("SELECT " + columns.names + " FROM " + Table<Row>::kName + " ORDER BY " + Table<Row>::kOrder);
+    Prepare("SELECT " + columns.names + " FROM " + Row::kTable + " ORDER BY " + kOrder<Row>);
   }
   void Text(const char*, std::string& text) { Into(text); }
   void Whole(const char*, long long& number, WholeRange) { Into(number); }
@@ -117,8 +82,7 @@ struct InsertRow : Statement {
       Use(derived.first_fold);
       Use(derived.second_fold);
     }
-    Prepare(std::string("INSERT INTO ") + Table<Row>::kName + " (" + columns.names + ") VALUES (" + columns.parameters +
-            ")");
+    Prepare(std::string("INSERT INTO ") + Row::kTable + " (" + columns.names + ") VALUES (" + columns.parameters + ")");
   }
   void Text(const char*, std::string& text) { Use(text); }
   void Whole(const char*, long long& number, WholeRange) { Use(number); }
@@ -126,7 +90,7 @@ struct InsertRow : Statement {
 
 template <class Row>
 void Replace(Connection& connection, const std::vector<Row>& rows) {
-  connection.Execute(std::string("DELETE FROM ") + Table<Row>::kName);
+  connection.Execute(std::string("DELETE FROM ") + Row::kTable);
   auto& insert = connection.The<InsertRow<Row>>();
   std::map<std::pair<std::string, std::string>, long long> last_positions;
   for (const Row& row : rows) {

@@ -8,8 +8,8 @@
 
 namespace qv {
 
-// The rows of a database as they are exported and imported. Each kind names its fields in `Visit`, by their names in
-// the exchange and in the tables, and in `Key` what must be unique.
+// The rows of a database as they are exported and imported. Each kind names in `kTable` its table and its section of
+// the exchange, in `Visit` its fields, by their names in both, and in `Key` what must be unique.
 
 struct WholeRange {
   long long lowest, highest;
@@ -22,6 +22,7 @@ inline constexpr WholeRange kRange16{std::numeric_limits<std::int16_t>::min(),
 using RowKey = std::vector<std::string>;
 
 struct FilterRow {
+  static constexpr const char* kTable = "filters";
   std::string FilterEntryID, CriteriaID, ActionID, Description, Note;
   long long Status = 0;
   std::string Postoffice, Mailbox;
@@ -41,6 +42,7 @@ struct FilterRow {
 };
 
 struct CriteriaRow {
+  static constexpr const char* kTable = "criteria";
   std::string CriteriaID, RuleID, CriteriaType, Description;
   long long Status = 0;
   std::string Values;
@@ -63,6 +65,7 @@ struct CriteriaRow {
 };
 
 struct TaskRow {
+  static constexpr const char* kTable = "tasks";
   std::string ActionID, TaskID, TaskType, Description;
   long long Status = 0;
   std::string Values, Postoffice, Mailbox;
@@ -82,6 +85,7 @@ struct TaskRow {
 };
 
 struct PostofficeRow {
+  static constexpr const char* kTable = "postoffices";
   std::string Name, Account;
   long long Status = 0;
 
@@ -95,6 +99,7 @@ struct PostofficeRow {
 };
 
 struct MailboxRow {
+  static constexpr const char* kTable = "mailboxes";
   std::string Postoffice, Mailbox;
 
   template <class Row, class Visitor>
@@ -106,6 +111,7 @@ struct MailboxRow {
 };
 
 struct OptionRow {
+  static constexpr const char* kTable = "options";
   long long Scope = 0;
   std::string Query, ValueName, Value;
 
@@ -120,6 +126,7 @@ struct OptionRow {
 };
 
 struct RegistryRow {
+  static constexpr const char* kTable = "registry";
   std::string KeyPath, ValueName;
   std::string Kind;    // "word" or "string"
   long long Word = 0;  // 0 to 4294967295, of a word
@@ -140,13 +147,13 @@ struct DataSet {
 
   template <class Set, class Visitor>
   static void Visit(Set& set, Visitor&& visitor) {
-    visitor("filters", set.filters);
-    visitor("criteria", set.criteria);
-    visitor("tasks", set.tasks);
-    visitor("postoffices", set.postoffices);
-    visitor("mailboxes", set.mailboxes);
-    visitor("options", set.options);
-    visitor("registry", set.registry);
+    visitor(FilterRow::kTable, set.filters);
+    visitor(CriteriaRow::kTable, set.criteria);
+    visitor(TaskRow::kTable, set.tasks);
+    visitor(PostofficeRow::kTable, set.postoffices);
+    visitor(MailboxRow::kTable, set.mailboxes);
+    visitor(OptionRow::kTable, set.options);
+    visitor(RegistryRow::kTable, set.registry);
   }
 };
 

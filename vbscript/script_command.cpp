@@ -1,7 +1,5 @@
 #include "vbscript/script_command.h"
 
-#include <fstream>
-#include <iterator>
 #include <optional>
 
 #include "vbscript/convert.h"
@@ -9,15 +7,6 @@
 
 namespace qv::vbscript {
 namespace {
-
-std::optional<std::string> ReadScript(const std::string& path, std::ostream& err) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) {
-    err << path << ": cannot be read\n";
-    return std::nullopt;
-  }
-  return std::string(std::istreambuf_iterator<char>(file), {});
-}
 
 int Report(const std::string& path, const std::optional<ScriptError>& error, std::ostream& err) {
   if (!error) return 0;
@@ -38,10 +27,9 @@ struct Printer {
 
 }  // namespace
 
-int ScriptCheck(const std::string& path, const EngineOptions& options, std::ostream&, std::ostream& err) {
-  const std::optional<std::string> text = ReadScript(path, err);
-  if (!text) return 1;
-  return Report(path, Engine(options).Check(*text), err);
+int ScriptCheck(const std::string& path, const std::string& text, const EngineOptions& options, std::ostream&,
+                std::ostream& err) {
+  return Report(path, Engine(options).Check(text), err);
 }
 
 HostFunction PrintTo(std::ostream& out) {
@@ -57,12 +45,11 @@ HostFunction PrintTo(std::ostream& out) {
   };
 }
 
-int ScriptRun(const std::string& path, const EngineOptions& options, std::ostream& out, std::ostream& err) {
-  const std::optional<std::string> text = ReadScript(path, err);
-  if (!text) return 1;
+int ScriptRun(const std::string& path, const std::string& text, const EngineOptions& options, std::ostream& out,
+              std::ostream& err) {
   Engine engine(options);
   engine.RegisterFunction("Print", 0, -1, PrintTo(out));
-  const std::optional<ScriptError> error = engine.AddCode(*text);
+  const std::optional<ScriptError> error = engine.AddCode(text);
   const std::optional<ScriptError> end_error = engine.End();
   return Report(path, error ? error : end_error, err);
 }

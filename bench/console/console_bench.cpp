@@ -8,7 +8,6 @@
 // postoffice. The exit status is 1 when a figure is over its limit.
 
 #include <malloc.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <chrono>
@@ -21,6 +20,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/scratch_folder.h"
 #include "hosts/console/session.h"
 #include "store/connection.h"
 #include "store/database.h"
@@ -266,16 +266,4 @@ int Run(const fs::path& root) {
 
 }  // namespace
 
-int main() {
-  std::string name = (fs::temp_directory_path() / "qv-bench-XXXXXX").string();
-  if (!mkdtemp(name.data())) return 1;
-  int status = 1;
-  try {
-    status = Run(name);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-  }
-  std::error_code none;
-  fs::remove_all(name, none);
-  return status;
-}
+int main() { return qv::bench::RunInScratchFolder(Run); }

@@ -2,7 +2,6 @@
 // Prints the name, the ratio of the medians and the limit; the exit status is 1 beyond it.
 
 #include <soci/sqlite3/soci-sqlite3.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <chrono>
@@ -12,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/scratch_folder.h"
 #include "store/connection.h"
 #include "store/database.h"
 #include "store/servers.h"
@@ -151,16 +151,4 @@ int Run(const fs::path& directory) {
 
 }  // namespace
 
-int main() {
-  std::string name = (fs::temp_directory_path() / "qv-bench-XXXXXX").string();
-  if (!mkdtemp(name.data())) return 1;
-  int status = 1;
-  try {
-    status = Run(name);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-  }
-  std::error_code none;
-  fs::remove_all(name, none);
-  return status;
-}
+int main() { return qv::bench::RunInScratchFolder(Run); }

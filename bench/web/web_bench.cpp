@@ -25,6 +25,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/scratch_folder.h"
 #include "hosts/console/session.h"
 #include "hosts/web/web_server.h"
 #include "store/servers.h"
@@ -231,22 +232,15 @@ bool MeasureStart(const std::string& data) {
   return Report("console_start_ms", Quantile(times, 0.5), 20);
 }
 
+int Run(const std::filesystem::path& folder) {
+  const std::string data = (folder / "data").string();
+  MakeServer(data);
+  bool good = MeasureStart(data);
+  good = MeasureRoundTrip(data) && good;
+  good = MeasureMemory(data) && good;
+  return good ? 0 : 1;
+}
+
 }  // namespace
 
-int main() {
-  char folder[] = "/tmp/qvadmin-bench-XXXXXX";
-  if (!mkdtemp(folder)) return 2;
-  const std::string data = std::string(folder) + "/data";
-  int status = 2;
-  try {
-    MakeServer(data);
-    bool good = MeasureStart(data);
-    good = MeasureRoundTrip(data) && good;
-    good = MeasureMemory(data) && good;
-    status = good ? 0 : 1;
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-  }
-  std::filesystem::remove_all(folder);
-  return status;
-}
+int main() { return qv::bench::RunInScratchFolder(Run); }

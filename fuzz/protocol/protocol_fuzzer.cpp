@@ -10,9 +10,9 @@
 #include <string>
 #include <string_view>
 
+#include "app/demo/demo_server.h"
 #include "hosts/console/session.h"
 #include "store/database.h"
-#include "store/demo/demo_server.h"
 #include "store/exchange.h"
 #include "store/servers.h"
 

@@ -42,8 +42,6 @@ void ConsoleSession::Work() {
   }
 }
 
-// --- waiting for events ---
-
 void ConsoleSession::Pump(const std::function<bool()>& done) {
   struct Depth {
     int& count;
@@ -113,10 +111,7 @@ Action ConsoleSession::Read(const std::string& what, const Event& event) {
   if (what == "close") {
     if (!dialogs_.empty()) return [form = dialogs_.back()] { form->Unload(); };
     if (!sheet_) throw EventError("Nothing is open that could be closed.");
-    return [this] {
-      for (const Sheet::Page& page : sheet_->pages()) page.page->IMMCPropertyPage_Cancel();
-      CloseSheet();
-    };
+    return [this] { CancelSheet(); };
   }
   Form* form = !dialogs_.empty() ? dialogs_.back() : sheet_ ? &sheet_->Front() : nullptr;
   const bool to_row = what == "doubleClick" && event.Has("item");
@@ -174,8 +169,6 @@ void ConsoleSession::SendError(const std::string& text) {
   carrier_.Send(json::serialize(answer));
 }
 
-// --- the toolkit ---
-
 MessageAnswer ConsoleSession::ShowMessage(const std::string& text, const std::string& title, MessageIcon icon,
                                           MessageButtons buttons) {
   const MessageBoxState box{text, title, icon, buttons};
@@ -203,15 +196,11 @@ void ConsoleSession::ShowModal(Form& form) {
   dialogs_.pop_back();
 }
 
-void ConsoleSession::StartProgram(const std::string& command_line, const std::string& file) {
-  started_.push_back({"program", command_line, file});
-}
+void ConsoleSession::StartProgram(const std::string& command_line) { started_.push_back({"program", command_line}); }
 
-void ConsoleSession::OpenAddress(const std::string& address) { started_.push_back({"url", address, ""}); }
+void ConsoleSession::OpenAddress(const std::string& address) { started_.push_back({"url", address}); }
 
-void ConsoleSession::ShowHelp(const std::string& topic) { started_.push_back({"help", topic, ""}); }
-
-// --- the console, as the extension calls it ---
+void ConsoleSession::ShowHelp(const std::string& topic) { started_.push_back({"help", topic}); }
 
 MessageAnswer ConsoleSession::ConsoleMsgBox(const std::string& text, const std::string& title, MessageIcon icon,
                                             MessageButtons buttons) {

@@ -33,7 +33,7 @@ class ConsoleSession : private Toolkit, private Console {
   void Work();
 
  private:
-  // What `menu`, the verbs and the menu commands act on: the selected node or the selected rows of the pane.
+  // What menus and verbs act on: the selected node or the selected rows of the pane.
   enum class Target { Node, Rows };
 
   // Toolkit.
@@ -41,7 +41,7 @@ class ConsoleSession : private Toolkit, private Console {
                             MessageButtons buttons) override;
   void ShowModal(Form& form) override;
   bool TabKeyDown() override { return tab_; }
-  void StartProgram(const std::string& command_line, const std::string& file) override;
+  void StartProgram(const std::string& command_line) override;
   void OpenAddress(const std::string& address) override;
   void ShowHelp(const std::string& topic) override;
 
@@ -87,6 +87,7 @@ class ConsoleSession : private Toolkit, private Console {
   // Property sheets.
   void OpenProperties(Target target);
   bool ApplyPages();
+  void CancelSheet();
   void CloseSheet();
 
   Servers& servers_;

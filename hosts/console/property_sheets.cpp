@@ -71,12 +71,7 @@ Action ConsoleSession::ReadSheetEvent(const std::string& what, const Event& even
       if (ApplyPages()) CloseSheet();
     };
   }
-  if (button == "cancel") {
-    return [this] {
-      for (const Sheet::Page& page : sheet_->pages()) page.page->IMMCPropertyPage_Cancel();
-      CloseSheet();
-    };
-  }
+  if (button == "cancel") return [this] { CancelSheet(); };
   if (button == "apply") {
     if (!sheet_->Changed()) throw EventError("No page has changes.");
     return [this] { ApplyPages(); };
@@ -102,6 +97,11 @@ bool ConsoleSession::ApplyPages() {
     page.SetChanged(false);
   }
   return true;
+}
+
+void ConsoleSession::CancelSheet() {
+  for (const Sheet::Page& page : sheet_->pages()) page.page->IMMCPropertyPage_Cancel();
+  CloseSheet();
 }
 
 void ConsoleSession::CloseSheet() {

@@ -155,7 +155,6 @@ void WriteStarted(const Started& started, JsonWriter& to) {
   to.Object([&] {
     to.Field("kind", started.kind);
     to.Field(started.kind == "program" ? "command" : started.kind == "url" ? "address" : "topic", started.value);
-    if (!started.file.empty()) to.Field("file", started.file);
   });
 }
 

@@ -33,7 +33,6 @@ struct MessageBoxState {
 struct Started {
   std::string kind;   // "program", "url" or "help"
   std::string value;  // the command line, the address or the topic
-  std::string file;   // of a program: the file that it opens as text, if any
 };
 
 // The whole visible state of a console.

@@ -106,6 +106,7 @@ class SocketPeer : public WebPeer, public Connection, public std::enable_shared_
     try {
       session_ = hall_.site->Open(this->weak_from_this());
     } catch (const RuntimeError& error) {
+      std::cerr << "A session could not be started: " << error.description() << std::endl;
       Close(kTryLater, "The server could not start a session.");
     }
     Read();

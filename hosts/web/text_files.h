@@ -18,7 +18,7 @@ using OpenFiles = std::function<std::unique_ptr<Files>()>;
 // The text windows of a browser read and write the word files and templates past the console: the files that are named
 // QVFILTER-*.TXT, in any case of the extension, below the configuration directory.
 
-// Whether the message is for Answer below: a JSON object with the member "file".
+// Whether the message is one for AnswerFileMessage: a JSON object with the member "file".
 bool IsFileMessage(std::string_view message);
 // Whether the message is a JSON object whose member "stop" is true.
 bool IsStopMessage(std::string_view message);

@@ -78,8 +78,8 @@ class Transport {
   virtual unsigned short port() const = 0;
   // Serves the site until Stop, and returns when the connections are closed and every session has been told.
   virtual void Run(WebSite& site) = 0;
-  // Has the work done by the thread that runs the transport. From any thread; once
-  // Run has returned nothing more is done.
+  // Has the work done by the thread that runs the transport. From any thread; once Run has returned nothing more is
+  // done.
   virtual void Post(std::function<void()> work) = 0;
   // Closes the door and every connection.
   virtual void Stop() = 0;

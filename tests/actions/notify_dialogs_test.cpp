@@ -246,7 +246,6 @@ TEST_F(NotifyDialogs, EditStartsTheEditorOnTheTemplate) {
     person.Click("cmdEdit");
   });
   EXPECT_EQ(t.desktop.programs, (Items{"notepad \"C:\\Config\\filters\\templates\\QVFILTER-beta.TXT\""}));
-  EXPECT_EQ(t.desktop.files, (Items{"C:\\Config\\filters\\templates\\QVFILTER-beta.TXT"}));
   EXPECT_EQ(t.registry.TakeReloads(), 0);
 }
 

@@ -27,6 +27,13 @@ TEST_F(InitTest, MakesTheDatabaseTheFoldersAndTheRegistryValue) {
 )");
 }
 
+TEST_F(InitTest, FoldersThatAreThereCountWithoutRegardToCase) {
+  fs::create_directories(fs::path(config) / "filters" / "CRITERIA");
+  Init();
+  EXPECT_THAT(FilesBelow(config),
+              UnorderedElementsAre("filters/", "filters/CRITERIA/", "filters/templates/", "filters/patterns/"));
+}
+
 TEST_F(InitTest, TheRegisteredPathIsWhole) {
   fs::create_directory(directory.path() / "here");
   const std::string roundabout = (directory.path() / "here" / ".." / "data").string();

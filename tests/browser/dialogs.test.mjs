@@ -1,15 +1,9 @@
 // Every dialog of the program: it opens from its list, axe finds nothing, nothing is cut off, and Esc leaves it. With
 // SCREENSHOTS=DIR the pictures are kept there.
 import assert from "node:assert/strict";
-import { mkdir, mkdtemp } from "node:fs/promises";
-import { tmpdir } from "node:os";
-import { join } from "node:path";
 import { test } from "node:test";
 import { OpenServer } from "./program.mjs";
-import { Axe, Until } from "./support.mjs";
-
-const shots = process.env.SCREENSHOTS ?? (await mkdtemp(join(tmpdir(), "dialogs-")));
-await mkdir(shots, { recursive: true });
+import { Axe, Picture, Until } from "./support.mjs";
 
 const Top = (page) => page.locator("dialog[open]").last();
 const Count = (page) => page.locator("dialog[open]").count();
@@ -29,7 +23,7 @@ function CutOff(dialog) {
 
 async function Look(page, name) {
   await page.waitForTimeout(60);
-  await page.screenshot({ path: join(shots, `program-${name}.png`) });
+  await Picture(page, `program-${name}`);
   assert.deepEqual(await Axe(page), [], name);
   assert.deepEqual(await CutOff(Top(page)), [], name);
 }
@@ -112,7 +106,7 @@ for (const colorScheme of ["light", "dark"]) {
     await Leave(page, 0);
     await page.locator(".node", { hasText: "Spam" }).click();
     await page.locator(".pane-list .i-4").first().waitFor();
-    await page.screenshot({ path: join(shots, `program-spam-${colorScheme}.png`) });
+    await Picture(page, `program-spam-${colorScheme}`);
     await page.locator(".pane-list .row").first().dblclick();
     await Until(async () => (await Count(page)) === 1);
     await Look(page, `weight-${colorScheme}`);

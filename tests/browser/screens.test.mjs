@@ -1,14 +1,8 @@
 // Every screen in light and dark: axe finds nothing. With SCREENSHOTS=DIR the pictures are kept there.
 import assert from "node:assert/strict";
-import { mkdir, mkdtemp } from "node:fs/promises";
-import { tmpdir } from "node:os";
-import { join } from "node:path";
 import { test } from "node:test";
-import { Axe, Open } from "./support.mjs";
+import { Axe, Open, Picture } from "./support.mjs";
 import * as s from "./states.mjs";
-
-const shots = process.env.SCREENSHOTS ?? (await mkdtemp(join(tmpdir(), "screens-")));
-await mkdir(shots, { recursive: true });
 
 const selectedRow = () => {
   const state = s.State({ verbs: { delete: true, properties: false, refresh: true } });
@@ -138,7 +132,7 @@ const deeds = {
       console_.react = (event, state) => {
         if (event.file === "read") return { file: { path: event.path, text: "casino\r\npoker\r\n", version: 1, exists: true } };
         if (event.file === "write") return { file: { path: event.path, conflict: { text: "casino\r\nroulette\r\n", version: 2 } } };
-        if (event.do === "click") state.started = [{ kind: "program", command: "notepad", file: "C:\\config\\QVFILTER-finance.TXT" }];
+        if (event.do === "click") state.started = [{ kind: "program", command: 'notepad "C:\\config\\QVFILTER-finance.TXT"' }];
         return undefined;
       };
       await page.locator("[data-control=cmdAddWord]").click();
@@ -161,7 +155,7 @@ for (const colorScheme of ["light", "dark"]) {
     test(`${name}, ${colorScheme}`, async (t) => {
       const { page } = await Open(t, { state: structuredClone(state), colorScheme, bypassCSP: true });
       await page.waitForTimeout(150);
-      await page.screenshot({ path: join(shots, `${name.replace(" ", "-")}-${colorScheme}.png`) });
+      await Picture(page, `${name.replace(" ", "-")}-${colorScheme}`);
       assert.deepEqual(await Axe(page), []);
     });
   }
@@ -174,7 +168,7 @@ for (const colorScheme of ["light", "dark"]) {
       const opened = await Open(t, { state: structuredClone(state), colorScheme, bypassCSP: true, expected });
       await deed(opened.page, opened.console);
       await opened.page.waitForTimeout(200);
-      await opened.page.screenshot({ path: join(shots, `${name.replace(" ", "-")}-${colorScheme}.png`) });
+      await Picture(opened.page, `${name.replace(" ", "-")}-${colorScheme}`);
       assert.deepEqual(await Axe(opened.page), []);
     });
   }
@@ -184,7 +178,7 @@ for (const name of ["row", "words"]) {
   test(`${name} in forced colours`, async (t) => {
     const { page } = await Open(t, { state: structuredClone(screens[name]), forcedColors: "active", bypassCSP: true });
     await page.waitForTimeout(150);
-    await page.screenshot({ path: join(shots, `${name}-forced.png`) });
+    await Picture(page, `${name}-forced`);
     assert.deepEqual(await Axe(page), []);
   });
 }
@@ -199,7 +193,7 @@ for (const name of ["filters", "manage", "words", "sheet"]) {
       bypassCSP: true,
     });
     await page.waitForTimeout(150);
-    await page.screenshot({ path: join(shots, `${name}-zoomed.png`) });
+    await Picture(page, `${name}-zoomed`);
     const wide = await page.evaluate(() => document.documentElement.scrollWidth > innerWidth);
     assert.equal(wide, false, "the page scrolls sideways");
     for (const dialog of await page.locator("dialog[open]").all()) {

@@ -21,7 +21,7 @@ function Disk(files) {
       return { file: { path: event.path, version: file.version + 1 } };
     }
     if (event.do === "click" && event.control === "cmdEdit") {
-      state.started = [{ kind: "program", command: `notepad "${kPath}"`, file: kPath }];
+      state.started = [{ kind: "program", command: `notepad "${kPath}"` }];
       return undefined;
     }
     if (event.do === "click" && event.control === "cmdCancel") return void state.dialogs.pop();

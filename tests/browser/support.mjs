@@ -1,5 +1,5 @@
 // A page of the front end with a console behind it that the test plays, and everything unexpected made a failure.
-import { mkdtemp, readFile } from "node:fs/promises";
+import { mkdir, mkdtemp, readFile, rm } from "node:fs/promises";
 import { execFileSync } from "node:child_process";
 import { createServer } from "node:http";
 import { createRequire } from "node:module";
@@ -29,6 +29,7 @@ const kFlags = [
 
 let browser;
 let server;
+let built = "";
 export let address = "";
 // What the server says to a plain request for the socket's address.
 export const consoleAnswer = { status: 426 };
@@ -38,8 +39,8 @@ function LaunchBrowser() {
 }
 
 before(async () => {
-  const out = await mkdtemp(join(tmpdir(), "front-end-"));
-  execFileSync(process.execPath, [join(root, "web", "build.mjs"), "--out", out]);
+  built = await mkdtemp(join(tmpdir(), "front-end-"));
+  execFileSync(process.execPath, [join(root, "web", "build.mjs"), "--out", built]);
   server = createServer(async (request, response) => {
     const path = new URL(request.url, "http://localhost").pathname;
     if (path === "/console") return response.writeHead(consoleAnswer.status).end();
@@ -47,7 +48,7 @@ before(async () => {
     const name = path === "/" ? "/index.html" : path;
     const type = kTypes[name.slice(name.lastIndexOf("."))];
     try {
-      const body = await readFile(join(out, name));
+      const body = await readFile(join(built, name));
       response.writeHead(200, { "content-type": type, "content-security-policy": kPolicy }).end(body);
     } catch {
       response.writeHead(404).end();
@@ -61,6 +62,7 @@ before(async () => {
 after(async () => {
   await browser?.close();
   server?.close();
+  await rm(built, { recursive: true, force: true });
 });
 
 // Fails the test on whatever the page says or loses, apart from what it is told to expect.
@@ -155,6 +157,14 @@ export async function NewContext(t, options = {}) {
   context.setDefaultTimeout(5000);
   t.after(() => context.close());
   return context;
+}
+
+// Takes a picture of the page where SCREENSHOTS names a folder for them.
+export async function Picture(page, name) {
+  const folder = process.env.SCREENSHOTS;
+  if (!folder) return;
+  await mkdir(folder, { recursive: true });
+  await page.screenshot({ path: join(folder, `${name}.png`) });
 }
 
 // What axe finds wrong on the page.

@@ -219,6 +219,7 @@ TEST_F(Manage, AStoreThatRaisesIsTheCallersAffairAndTheNextOpeningIsSound) {
   std::string id = "FLT1X";
   run.store.Raise("Task.FindFirstTask", "No store.");
   EXPECT_THROW(dialog().EditFilter(id, "", "", ""), RuntimeError);
+  EXPECT_FALSE(dialog().Loaded());
   run.store.Heal();
   run.store.server().criteria = {{"CRT2", "1", "", "Subject", 1, "", 1, "abc", "joe"}};
   Open(

@@ -82,8 +82,8 @@ int ChildProgram::Wait() {
 }
 
 DemoServer::DemoServer() {
-  char name[] = "/tmp/qvadmin-test-XXXXXX";
-  if (!mkdtemp(name)) throw std::runtime_error("no folder");
+  std::string name = (std::filesystem::temp_directory_path() / "qvadmin-test-XXXXXX").string();
+  if (!mkdtemp(name.data())) throw std::runtime_error("no folder");
   folder_ = name;
   ChildProgram init({"init", "--demo", "--data", data()});
   if (init.Wait() != 0) throw std::runtime_error("no demonstration server");

@@ -193,6 +193,17 @@ TEST_F(DatabaseTest, AStatementThatFailsNamesTheFile) {
             "The database 'FILE' can't carry it out: no such table: nowhere");
 }
 
+TEST_F(DatabaseTest, ARefusedRowIsToldWithoutItsData) {
+  Database::Create(file);
+  Database database(file);
+  database.Do([](Connection& connection) {
+    connection.Execute(
+        "CREATE TRIGGER refuse BEFORE INSERT ON postoffices BEGIN SELECT raise(ABORT, 'no more room'); END;");
+  });
+  EXPECT_EQ(Raised([&] { AddPostoffice(database, "secret", ""); }),
+            "The database 'FILE' can't carry it out: no more room");
+}
+
 // Runs a step as a user who owns nothing and prints what it raises.
 [[noreturn]] void AsNobody(const std::function<void()>& step) {
   try {

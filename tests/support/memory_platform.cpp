@@ -38,11 +38,6 @@ void TestDesktop::ShowModal(Form& form) {
   }
 }
 
-void TestDesktop::StartProgram(const std::string& command_line, const std::string& file) {
-  programs.push_back(command_line);
-  files.push_back(file);
-}
-
 Control& Person::Usable(const std::string& name) {
   Control* control = form_.Find(name);
   if (!control) throw std::logic_error("no control " + name + " in " + form_.name());

@@ -32,7 +32,7 @@ class TestDesktop : public Toolkit {
  public:
   std::vector<ShownMessage> messages;
   std::deque<MessageAnswer> answers;
-  std::vector<std::string> programs, files, addresses, topics;
+  std::vector<std::string> programs, addresses, topics;
   bool tab = false;
 
   // Queues what the person does with the next modal form.
@@ -46,7 +46,7 @@ class TestDesktop : public Toolkit {
                             MessageButtons buttons) override;
   void ShowModal(Form& form) override;
   bool TabKeyDown() override { return tab; }
-  void StartProgram(const std::string& command_line, const std::string& file) override;
+  void StartProgram(const std::string& command_line) override { programs.push_back(command_line); }
   void OpenAddress(const std::string& address) override { addresses.push_back(address); }
   void ShowHelp(const std::string& topic) override { topics.push_back(topic); }
 

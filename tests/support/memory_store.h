@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -77,8 +78,9 @@ class MemoryStore : public Components {
   std::unique_ptr<Setting> CreateSetting() override;
   std::unique_ptr<Option> CreateOption() override;
 
-  // For the record objects: notes the call; raises, or gives the refused result through `result` and true.
-  bool Enter(const std::string& operation, const std::string& host, const std::string& arguments, int& result);
+  // For the record objects: notes the call; raises, or gives the refused result, where either has been set up.
+  std::optional<int> Enter(const std::string& operation, const std::string& host,
+                           const std::vector<std::string>& arguments);
   ServerData& Bound(const std::string& host);
 
  private:

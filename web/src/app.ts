@@ -2,7 +2,6 @@ import { html, nothing, render, type TemplateResult } from "lit/html.js";
 import { keyed } from "lit/directives/keyed.js";
 import { repeat } from "lit/directives/repeat.js";
 import { Connection } from "./connection.ts";
-import { Dragging } from "./drag.ts";
 import { Dialog, FocusKeeper, SheetWindow } from "./form.ts";
 import { Icon } from "./icons.ts";
 import { LinkWindow } from "./link.ts";
@@ -11,6 +10,7 @@ import { MessageBox } from "./message.ts";
 import { Pane } from "./pane.ts";
 import type { Answer, Form, Start, State } from "./protocol.ts";
 import { SelectedNode, Session, type Target } from "./session.ts";
+import { Splitter } from "./splitter.ts";
 import { TextWindows } from "./textwindow.ts";
 import { ServerOf, Tree } from "./tree.ts";
 
@@ -81,7 +81,9 @@ class App {
 
   private Start(start: Start): void {
     if (start.kind === "program") {
-      if (start.file !== undefined) this.files.Open(start.file);
+      // The system's text editor on a file: the console has a window of its own for that.
+      const path = /^notepad "(.*)"$/.exec(start.command)?.[1];
+      if (path !== undefined) this.files.Open(path);
       else this.Tell({ text: `The console asked to start: ${start.command}` });
       return;
     }
@@ -193,7 +195,7 @@ class App {
           ? html`<nav aria-label=${state.tree.name}>
                 ${Tree(state.tree, { session: this.session, PopUp: (on, x, y) => this.PopUp(on, x, y) })}
               </nav>
-              ${this.Splitter()} ${Pane(state, { session: this.session, PopUp: (on, x, y) => this.PopUp(on, x, y) })}`
+              ${Splitter(this.treeWidth, (width) => this.SetTreeWidth(width))} ${Pane(state, { session: this.session, PopUp: (on, x, y) => this.PopUp(on, x, y) })}`
           : nothing}
       ${state ? this.Popup() : nothing}
       </main>
@@ -225,29 +227,9 @@ class App {
     </div>`;
   }
 
-  private Splitter(): TemplateResult {
-    const set = (width: number): void => {
-      this.treeWidth = Math.max(140, Math.min(Math.round(width), innerWidth / 2));
-      this.Schedule();
-    };
-    const start = this.treeWidth;
-    return html`<div
-      class="splitter"
-      role="separator"
-      tabindex="0"
-      aria-orientation="vertical"
-      aria-label="Width of the server tree"
-      aria-valuemin="140"
-      aria-valuemax=${Math.round(innerWidth / 2)}
-      aria-valuenow=${this.treeWidth}
-      @pointerdown=${(e: PointerEvent) => Dragging(e, (dx) => set(start + dx))}
-      @keydown=${(e: KeyboardEvent) => {
-        if (e.key === "ArrowLeft") set(this.treeWidth - 16);
-        else if (e.key === "ArrowRight") set(this.treeWidth + 16);
-        else return;
-        e.preventDefault();
-      }}
-    ></div>`;
+  private SetTreeWidth(width: number): void {
+    this.treeWidth = width;
+    this.Schedule();
   }
 
   private Windows(state: State): TemplateResult {

@@ -4,7 +4,7 @@ import { Caption, Plain } from "./captions.ts";
 import { CodeBox } from "./code.ts";
 import { Icon } from "./icons.ts";
 import "./list.ts";
-import type { ListModel } from "./list.ts";
+import type { ListModel } from "./listmodel.ts";
 import type {
   ButtonControl,
   CheckControl,

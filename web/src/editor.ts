@@ -6,7 +6,7 @@ import type { CodeModel } from "./code.ts";
 import { Extensions } from "./editorsetup.ts";
 import type { Fault } from "./fault.ts";
 import { FaultMark, MarkFault } from "./faultmark.ts";
-import { Shown, Splice, ToBrowser, ToConsole } from "./textbox.ts";
+import { Difference, Shown, Splice, ToBrowser, ToConsole } from "./textbox.ts";
 
 export interface CodeEditor {
   Update(model: CodeModel): void;
@@ -24,16 +24,6 @@ export type Mount = (root: ShadowRoot, model: CodeModel, caret: { start: number;
 const kRest = 400;
 
 const fromConsole = Annotation.define<boolean>();
-
-// The part of a text that another text has differently.
-function Difference(before: string, after: string): { from: number; to: number; insert: string } {
-  let head = 0;
-  const most = Math.min(before.length, after.length);
-  while (head < most && before[head] === after[head]) head++;
-  let tail = 0;
-  while (tail < most - head && before.at(-1 - tail) === after.at(-1 - tail)) tail++;
-  return { from: head, to: before.length - tail, insert: after.slice(head, after.length - tail) };
-}
 
 // Keeps an editor and its control in step. The text goes out whole when typing rests and before every command. While
 // a change has not been sent or not been answered, the text that comes back does not touch the editor.

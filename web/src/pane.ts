@@ -1,7 +1,7 @@
 import { html, nothing, type TemplateResult } from "lit/html.js";
 import { FilterBox } from "./filter.ts";
 import { Icon } from "./icons.ts";
-import type { ListModel } from "./list.ts";
+import type { ListModel } from "./listmodel.ts";
 import "./list.ts";
 import { ActionBar } from "./menu.ts";
 import type { Item, State, TreeNode, View } from "./protocol.ts";

@@ -164,7 +164,7 @@ export interface Message {
 }
 
 export type Start =
-  | { kind: "program"; command: string; file?: string }
+  | { kind: "program"; command: string }
   | { kind: "url"; address: string }
   | { kind: "help"; topic: string };
 

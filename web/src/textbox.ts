@@ -45,18 +45,23 @@ export function ToBrowser(raw: string, chars: number, multiline: boolean): numbe
   return Shown(raw.slice(0, at), multiline).length;
 }
 
-// The text as it is, after the browser has changed what it shows: the parts that are the same keep their line ends,
-// new line ends are those of the console.
-export function Splice(raw: string, before: string, after: string, multiline: boolean): string {
+// The part of a text that another text has differently.
+export function Difference(before: string, after: string): { from: number; to: number; insert: string } {
   let head = 0;
   const most = Math.min(before.length, after.length);
   while (head < most && before[head] === after[head]) head++;
   let tail = 0;
   while (tail < most - head && before.at(-1 - tail) === after.at(-1 - tail)) tail++;
-  const from = RawIndex(raw, head, multiline);
-  const to = RawIndex(raw, before.length - tail, multiline);
-  const added = after.slice(head, after.length - tail).replace(/\n/g, "\r\n");
-  return raw.slice(0, from) + added + raw.slice(Math.max(from, to));
+  return { from: head, to: before.length - tail, insert: after.slice(head, after.length - tail) };
+}
+
+// The text as it is, after the browser has changed what it shows: the parts that are the same keep their line ends,
+// new line ends are those of the console.
+export function Splice(raw: string, before: string, after: string, multiline: boolean): string {
+  const change = Difference(before, after);
+  const from = RawIndex(raw, change.from, multiline);
+  const to = RawIndex(raw, change.to, multiline);
+  return raw.slice(0, from) + change.insert.replace(/\n/g, "\r\n") + raw.slice(Math.max(from, to));
 }
 
 type Box = HTMLInputElement | HTMLTextAreaElement;

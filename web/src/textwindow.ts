@@ -4,27 +4,8 @@ import { repeat } from "lit/directives/repeat.js";
 import { Dragging, DragWindow } from "./drag.ts";
 import { Icon } from "./icons.ts";
 import type { Answer, FileRequest } from "./protocol.ts";
-
-type Version = string | number;
-
-interface Sheet {
-  path: string;
-  number: number;
-  loaded: boolean;
-  // Line ends of the file, put back when it is saved.
-  ends: "\r\n" | "\n";
-  text: string;
-  saved: string;
-  version: Version;
-  fresh: boolean;
-  busy: boolean;
-  problem: string;
-  // The text that another has put on the disk meanwhile.
-  theirs: { text: string; version: Version; viewed: boolean } | null;
-  // The person's own text, put aside for the disk's.
-  aside: string | null;
-  asking: boolean;
-}
+import { Questions, type SheetPort } from "./textquestions.ts";
+import { Lines, LoadSheet, NameOf, NewSheet, type TextSheet } from "./textsheet.ts";
 
 export interface FilePort {
   // Sends a request and returns its number, or 0 when there is no connection.
@@ -32,19 +13,11 @@ export interface FilePort {
   connected(): boolean;
 }
 
-function Lines(text: string): string {
-  return text.replace(/\r\n?/g, "\n");
-}
-
-function NameOf(path: string): string {
-  return path.split(/[\\/]/).at(-1) ?? path;
-}
-
 // Plain text windows on files of the configuration directory. They stand in front of everything and hold up nothing.
-export class TextWindows {
+export class TextWindows implements SheetPort {
   readonly element = document.createElement("div");
-  private sheets: Sheet[] = [];
-  private waiting = new Map<number, { sheet: Sheet; sent: string }>();
+  private sheets: TextSheet[] = [];
+  private waiting = new Map<number, { sheet: TextSheet; sent: string }>();
   private count = 0;
 
   constructor(private readonly port: FilePort) {
@@ -58,21 +31,7 @@ export class TextWindows {
     let sheet = this.sheets.find((s) => s.path.toLowerCase() === path.toLowerCase());
     if (sheet) this.sheets = [...this.sheets.filter((s) => s !== sheet), sheet];
     else {
-      sheet = {
-        path,
-        number: ++this.count,
-        loaded: false,
-        ends: "\r\n",
-        text: "",
-        saved: "",
-        version: "",
-        fresh: false,
-        busy: false,
-        problem: "",
-        theirs: null,
-        aside: null,
-        asking: false,
-      };
+      sheet = NewSheet(path, ++this.count);
       this.sheets.push(sheet);
       this.Request(sheet, { file: "read", path });
     }
@@ -89,7 +48,7 @@ export class TextWindows {
     sheet.busy = false;
     sheet.problem = answer.error ?? "";
     const { file } = answer;
-    if (file && "text" in file) this.Load(sheet, file.text, file.version, !file.exists);
+    if (file && "text" in file) LoadSheet(sheet, file.text, file.version, !file.exists);
     else if (file && "conflict" in file) sheet.theirs = { ...file.conflict, viewed: false };
     else if (file && "version" in file) {
       sheet.version = file.version;
@@ -120,21 +79,11 @@ export class TextWindows {
     if ("moveBefore" in host && this.element.isConnected) {
       (host as Element & { moveBefore(node: Node, child: Node | null): void }).moveBefore(this.element, null);
     } else host.append(this.element);
-    for (const box of this.element.querySelectorAll<HTMLElement>("[popover]")) {
-      if (!box.matches(":popover-open")) box.showPopover();
-    }
+    this.Show();
     focused?.focus();
   }
 
-  private Load(sheet: Sheet, text: string, version: Version, fresh: boolean): void {
-    sheet.ends = /(^|[^\r])\n/.test(text) ? "\n" : "\r\n";
-    sheet.text = sheet.saved = Lines(text);
-    sheet.version = version;
-    sheet.fresh = fresh;
-    sheet.loaded = true;
-  }
-
-  private Request(sheet: Sheet, request: FileRequest): void {
+  private Request(sheet: TextSheet, request: FileRequest): void {
     const id = this.port.Send(request);
     if (id === 0) return;
     sheet.busy = true;
@@ -142,23 +91,23 @@ export class TextWindows {
     this.waiting.set(id, { sheet, sent: sheet.text });
   }
 
-  private Save(sheet: Sheet, version = sheet.version): void {
+  Save(sheet: TextSheet, version = sheet.version): void {
     if (sheet.busy || !sheet.loaded) return;
     const text = sheet.text.replace(/\n/g, sheet.ends);
     this.Request(sheet, { file: "write", path: sheet.path, text, version });
     this.Draw();
   }
 
-  private TakeTheirs(sheet: Sheet): void {
+  TakeTheirs(sheet: TextSheet): void {
     if (!sheet.theirs) return;
     sheet.aside = sheet.text;
-    this.Load(sheet, sheet.theirs.text, sheet.theirs.version, false);
+    LoadSheet(sheet, sheet.theirs.text, sheet.theirs.version, false);
     sheet.theirs = null;
     this.Draw();
     this.Focus(sheet);
   }
 
-  private Close(sheet: Sheet): void {
+  private Close(sheet: TextSheet): void {
     if (sheet.text !== sheet.saved) {
       sheet.asking = true;
       this.Draw();
@@ -169,19 +118,19 @@ export class TextWindows {
     }
   }
 
-  private Remove(sheet: Sheet): void {
+  Remove(sheet: TextSheet): void {
     this.sheets = this.sheets.filter((s) => s !== sheet);
   }
 
-  private Box(sheet: Sheet): HTMLElement | null {
+  private Box(sheet: TextSheet): HTMLElement | null {
     return this.element.querySelector(`#text-window-${sheet.number}`);
   }
 
-  private Focus(sheet: Sheet): void {
+  Focus(sheet: TextSheet): void {
     queueMicrotask(() => this.Box(sheet)?.querySelector<HTMLElement>("textarea.mine")?.focus());
   }
 
-  private Key(event: KeyboardEvent, sheet: Sheet): void {
+  private Key(event: KeyboardEvent, sheet: TextSheet): void {
     event.stopPropagation();
     if (event.key === "s" && (event.ctrlKey || event.metaKey)) this.Save(sheet);
     else if (event.key === "Escape") {
@@ -194,7 +143,7 @@ export class TextWindows {
     event.preventDefault();
   }
 
-  private Draw(): void {
+  Draw(): void {
     render(
       repeat(
         this.sheets,
@@ -203,12 +152,16 @@ export class TextWindows {
       ),
       this.element,
     );
+    this.Show();
+  }
+
+  private Show(): void {
     for (const box of this.element.querySelectorAll<HTMLElement>("[popover]")) {
       if (!box.matches(":popover-open")) box.showPopover();
     }
   }
 
-  private Status(sheet: Sheet): string {
+  private Status(sheet: TextSheet): string {
     if (sheet.problem) return sheet.problem;
     if (!this.port.connected()) return "Not connected. Your text is kept in this window.";
     if (sheet.busy) return sheet.loaded ? "Saving…" : "Opening…";
@@ -216,14 +169,10 @@ export class TextWindows {
     return sheet.fresh ? "New file" : "Saved";
   }
 
-  private Window(sheet: Sheet): TemplateResult {
+  private Window(sheet: TextSheet): TemplateResult {
     const id = `text-window-${sheet.number}`;
     const shift = ((sheet.number - 1) % 5) * 28;
     const viewed = sheet.theirs?.viewed ? sheet.theirs : null;
-    const update = (change: () => void) => (): void => {
-      change();
-      this.Draw();
-    };
     return html`<div
       class="text-window"
       id=${id}
@@ -237,7 +186,7 @@ export class TextWindows {
         <h2 id="${id}-title" title=${sheet.path}>${NameOf(sheet.path)}</h2>
         <button class="plain" aria-label="Close" title="Close" @click=${() => this.Close(sheet)}>${Icon("close")}</button>
       </div>
-      ${this.Questions(sheet, update)}
+      ${Questions(sheet, this)}
       <div class="texts">
         <div>
           ${viewed ? html`<span class="what">Your text</span>` : nothing}
@@ -277,75 +226,7 @@ export class TextWindows {
     </div>`;
   }
 
-  private Questions(sheet: Sheet, update: (change: () => void) => () => void): TemplateResult {
-    const { theirs, aside } = sheet;
-    const save = (): void => this.Save(sheet, theirs?.version ?? sheet.version);
-    return html`${theirs
-      ? html`<div class="strip warning" role="alert">
-          ${Icon("exclamation")}
-          <span>This file was changed on the disk after you opened it, so your text was not saved.</span>
-          <span class="choices">
-            <button @click=${update(() => (theirs.viewed = !theirs.viewed))}>
-              ${theirs.viewed ? "Hide the disk's text" : "Show the disk's text"}
-            </button>
-            <button @click=${save}>Overwrite the file</button>
-            <button @click=${() => this.TakeTheirs(sheet)}>Use the disk's text</button>
-            <button
-              @click=${update(() => {
-                sheet.theirs = null;
-                this.Focus(sheet);
-              })}
-            >
-              Keep editing
-            </button>
-          </span>
-        </div>`
-      : nothing}
-    ${aside !== null
-      ? html`<div class="strip">
-          ${Icon("information")}
-          <span>This is the text on the disk. Your own text is still here.</span>
-          <span class="choices">
-            <button
-              @click=${update(() => {
-                [sheet.text, sheet.aside] = [aside, null];
-              })}
-            >
-              Bring back my text
-            </button>
-            <button class="plain" aria-label="Discard my text" title="Discard my text" @click=${update(() => (sheet.aside = null))}>
-              ${Icon("close")}
-            </button>
-          </span>
-        </div>`
-      : nothing}
-    ${sheet.asking
-      ? html`<div class="strip ask" role="alertdialog" aria-label="Unsaved changes">
-          ${Icon("question")}
-          <span>Save the changes to ${NameOf(sheet.path)}?</span>
-          <span class="choices">
-            <button class="primary" @click=${() => this.Save(sheet)}>Save</button>
-            <button
-              @click=${update(() => {
-                this.Remove(sheet);
-              })}
-            >
-              Don't save
-            </button>
-            <button
-              @click=${update(() => {
-                sheet.asking = false;
-                this.Focus(sheet);
-              })}
-            >
-              Keep editing
-            </button>
-          </span>
-        </div>`
-      : nothing}`;
-  }
-
-  private Resize(event: PointerEvent, sheet: Sheet): void {
+  private Resize(event: PointerEvent, sheet: TextSheet): void {
     const box = this.Box(sheet);
     const size = box?.getBoundingClientRect();
     if (!box || !size) return;

@@ -1,4 +1,4 @@
-#include "store/demo/demo_servers.h"
+#include "app/demo/demo_servers.h"
 
 namespace qv {
 

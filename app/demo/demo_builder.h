@@ -1,9 +1,10 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "store/demo/demo_server.h"
+#include "app/demo/demo_server.h"
 
 namespace qv {
 

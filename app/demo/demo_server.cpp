@@ -1,6 +1,6 @@
-#include "store/demo/demo_server.h"
+#include "app/demo/demo_server.h"
 
-#include "store/demo/demo_servers.h"
+#include "app/demo/demo_servers.h"
 
 namespace qv {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/demo/demo_builder.h"
+#include "app/demo/demo_builder.h"
 
 namespace qv {
 

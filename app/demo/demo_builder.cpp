@@ -1,61 +1,18 @@
-#include "store/demo/demo_builder.h"
+#include "app/demo/demo_builder.h"
 
-#include <utility>
-
+#include "criteria/criterion_catalogue.h"
+#include "editor/action_catalogue.h"
 #include "platform/text.h"
 
 namespace qv {
 
 namespace {
 
-constexpr const char* kCriteria[] = {
-    "Where the Subject header line contains specific words",
-    "Where the message body contains specific words",
-    "Where the To header line contains specific words",
-    "Where the CC header line contains specific words",
-    "Where the To or CC header line contains specific words",
-    "Where the message is marked as priority",
-    "Where the From header line contains specific words",
-    "Where the message size is more than limit",
-    "Where the message has attachments",
-    "Where the message has an attachment",
-    "Where the message is secure",
-    "Where a message header contains specific words",
-    "Where the message has over a certain spam probability",
-    "Where the SPF tests return results matching",
-    "Where the message contains a virus",
-    "All Messages - Process this filter actions for all messages",
-    "Where the sender has authenticated",
-    "Where the originators IP address matches",
-    "Where the message is associated with this postoffice",
-    "Where the message is associated with this connector",
-    "Where the message contains a URL to a blacklisted IP address",
-    "Where the MIME boundary headers contain specific words",
-    "Where the sender IP address is whitelisted",
-    "Where the message DomainKey verification return results matching",
-};
-
-// The descriptions under which the actions are stored.
-constexpr std::pair<const char*, const char*> kTasks[] = {
-    {"COPY_TO_BADMAIL", "Copy Message to Bad Mail"},
-    {"COPY_TO_QUARANTINE", "Copy the message to the Quarantine directory"},
-    {"DELETE", "Delete Message"},
-    {"FORWARD_TO_ADDRESS", "Forward message to specified recipient."},
-    {"EXECUTE_APPLICATION", "Execute an application"},
-    {"ADD_HEADER", "Add a header to a message"},
-    {"STOP_PROCESSING", "Stop processing filters"},
-    {"ADD_SUBJECT_PREFIX", "Add a prefix to the subject of the message"},
-    {"MOVE", "Move Message to Folder..."},
-    {"COPY", "Copy Message to Folder..."},
-    {"JUNK", "Move Message to Junk E-Mail Folder"},
-    {"QUARANTINE", "Move Message to Quarantine Folder"},
-    {"REMOVE_ATTACHMENT", "Remove attachment"},
-};
-
+// The description under which the action is stored.
 std::string DescriptionOf(const DemoTask& task) {
   if (!task.description.empty()) return task.description;
-  for (const auto& [type, description] : kTasks) {
-    if (task.type == type) return description;
+  for (const ActionItem& item : ActionCatalogue()) {
+    if (item.type.TaskType == task.type) return std::string(item.type.Description);
   }
   return "";
 }
@@ -114,12 +71,10 @@ void DemoBuilder::AddFilter(const DemoFilter& filter) {
 }
 
 void DemoBuilder::AddCriteria(const DemoFilter& filter, const std::string& criteria_id) {
-  int rule = 0;
-  for (const char* description : kCriteria) {
-    ++rule;
-    CriteriaRow row{criteria_id, std::to_string(rule), "", description, 0, "", 1, filter.postoffice, filter.mailbox};
+  for (const CriterionRow& born : CriterionCatalogue()) {
+    CriteriaRow row{criteria_id, born.RuleID, "", born.Description, 0, "", 1, filter.postoffice, filter.mailbox};
     for (const DemoCriterion& criterion : filter.criteria) {
-      if (criterion.rule != rule) continue;
+      if (std::to_string(criterion.rule) != row.RuleID) continue;
       row.Status = criterion.status;
       row.Values = criterion.values;
     }
