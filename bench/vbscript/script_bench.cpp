@@ -136,7 +136,7 @@ int main() {
       lua = std::min(lua, TimeLua(work, lua_result));
     }
     const double ratio = script / lua;
-    over += ratio > kMostRatio ? 1 : 0;
+    over += ratio > kMostRatio || script_result != lua_result ? 1 : 0;
     std::printf("%-22s %12.2f %12.2f %8.2f%s%s\n", work.name, script, lua, ratio, ratio > kMostRatio ? "  OVER" : "",
                 script_result == lua_result ? "" : "  DIFFERENT RESULTS");
   }
@@ -147,7 +147,10 @@ int main() {
     const auto start = std::chrono::steady_clock::now();
     const auto error = engine.Check(text);
     check = std::min(check, Milliseconds(start));
-    if (error) std::printf("check: %s\n", error->description.c_str());
+    if (error) {
+      std::printf("check: %s\n", error->description.c_str());
+      return 1;
+    }
   }
   over += check > kMostCheckMilliseconds ? 1 : 0;
   std::printf("check of %zu bytes: %.2f ms%s\n", text.size(), check, check > kMostCheckMilliseconds ? "  OVER" : "");

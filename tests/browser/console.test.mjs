@@ -1,21 +1,13 @@
 // The tree, the result pane, menus and the action bar, by mouse and by keyboard.
 import assert from "node:assert/strict";
 import { test } from "node:test";
-import { Open, Ordinary, Until } from "./support.mjs";
+import { Row } from "./person.mjs";
+import { Open, Ordinary, Told, Until } from "./support.mjs";
 import * as s from "./states.mjs";
 
 const kKeys = ["Invoicestoaccounting", "Largeattachments", "Newsletters", "Outofofficeloops", "Pressenquiries"].map(
   (name) => `FILTER-FLT${name}`,
 );
-
-function Row(page, text) {
-  return page.locator(".pane-list .row", { hasText: text });
-}
-
-async function Told(c, events) {
-  await Until(() => c.told.length >= events.length, JSON.stringify(events));
-  assert.deepEqual(c.told, events);
-}
 
 test("a click, Ctrl and Shift select rows", async (t) => {
   const { page, console: c } = await Open(t);

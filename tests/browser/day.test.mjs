@@ -3,8 +3,8 @@ import assert from "node:assert/strict";
 import { mkdirSync, readdirSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { test } from "node:test";
-import { Answer, Bar, Control, Node, Press, Row, Shows, Top, Windows, Write } from "./person.mjs";
-import { OpenServer, Run } from "./program.mjs";
+import { Answer, Bar, Control, Node, Press, Row, Sheet, Shows, Top, Windows, Write } from "./person.mjs";
+import { Data, OpenServer, Run } from "./program.mjs";
 import { Until } from "./support.mjs";
 
 const kAgent = String.raw`SOFTWARE\quillvane\quillvane\agents\mta\filters`;
@@ -14,7 +14,7 @@ function FillMorning(data) {
   Run("init", "--data", data);
   Run("postoffice", "add", "--data", data, "north.example", "--account", "North");
   Run("mailbox", "add", "--data", data, "north.example", "ada");
-  const { registry } = JSON.parse(Run("data", "export", "--data", data));
+  const { registry } = Data(data);
   const word = (key, name) => ({ Key: key, ValueName: name, Kind: "word", Data: 1 });
   const rows = {
     filters: [{ FilterEntryID: "{SPAM_FILTER}", CriteriaID: "CRT{SPAM_FILTER}", Description: "Spam protection" }],
@@ -169,8 +169,6 @@ async function System(page) {
   await Press(page, "cmdCancel", 0);
   await SystemFilters(page, ["Old letters", "Blocked words", "Large at night"]);
 }
-
-const Sheet = (page, button) => page.locator(`#sheet [data-sheet=${button}]`);
 
 async function Postoffice(page) {
   await Node(page, "Postoffices").locator(".twisty").click();

@@ -2,11 +2,9 @@
 // SCREENSHOTS=DIR the pictures are kept there.
 import assert from "node:assert/strict";
 import { test } from "node:test";
+import { Count, Top } from "./person.mjs";
 import { OpenServer } from "./program.mjs";
 import { Axe, Picture, Until } from "./support.mjs";
-
-const Top = (page) => page.locator("dialog[open]").last();
-const Count = (page) => page.locator("dialog[open]").count();
 
 // Buttons whose caption does not fit, and controls that stick out of their window.
 function CutOff(dialog) {

@@ -2,7 +2,7 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import { Find, Form } from "./model.mjs";
-import { Open, Until, address } from "./support.mjs";
+import { Open, Settled, Until, address } from "./support.mjs";
 import * as s from "./states.mjs";
 
 const kFault =
@@ -23,13 +23,6 @@ async function OpenScript(t, { text, react = Form, delay = 0, before, ...options
 
 const Lines = (page) => page.locator(".cm-line").allTextContents();
 const Told = (c, name) => c.told.filter((event) => event.do === name);
-
-async function Settled(page, c) {
-  for (let before = -1; before !== c.events.length; ) {
-    before = c.events.length;
-    await page.waitForTimeout(700);
-  }
-}
 
 test("the editor is fetched when code is shown, and lives with the page's policy", async (t) => {
   const asked = [];
@@ -70,7 +63,7 @@ test("typing at 150 ms of lag, and the text goes out when it rests", async (t) =
   await page.keyboard.type("The quick brown fox\njumps", { delay: 15 });
   await page.waitForTimeout(450);
   await page.keyboard.type(" over", { delay: 60 });
-  await Settled(page, c);
+  await Settled(page, c, 700);
   assert.equal(text(), "a\r\nbThe quick brown fox\r\njumps over");
   assert.deepEqual(await Lines(page), ["a", "bThe quick brown fox", "jumps over"]);
   const sets = Told(c, "set").map((event) => event.text);
@@ -120,7 +113,7 @@ test("a token that the console puts in at the caret, and its undoing", async (t)
   assert.deepEqual(await Lines(page), ["0ab", "x[QV_BODY]", "cd", ""]);
   await page.keyboard.press("Control+z");
   await page.keyboard.press("Control+z");
-  await Settled(page, c);
+  await Settled(page, c, 700);
   assert.equal(text(), "ab\r\nxcd\r\n");
 });
 
@@ -143,7 +136,7 @@ test("what is typed while a command is under way is kept", async (t) => {
   assert.deepEqual(Told(c, "set").map((event) => event.text), ["one"]);
   await page.getByRole("button", { name: "OK" }).click();
   await page.locator("#message").waitFor({ state: "detached" });
-  await Settled(page, c);
+  await Settled(page, c, 700);
   assert.equal(text(), "one two");
   assert.deepEqual(await Lines(page), ["one two"]);
   assert.equal(Told(c, "click").length, 1);
@@ -276,7 +269,7 @@ test("what is typed before the editor is there stays, and so do caret and focus"
   await page.keyboard.type("ef", { delay: 20 });
   await code.waitFor();
   await page.keyboard.type("gh");
-  await Settled(page, c);
+  await Settled(page, c, 700);
   assert.equal(text(), "abcefghd");
   assert.deepEqual(await Lines(page), ["abcefghd"]);
 });
@@ -303,7 +296,7 @@ test("an input method composes undisturbed", async (t) => {
     await page.waitForTimeout(500);
   }
   await cdp.send("Input.insertText", { text: "日本" });
-  await Settled(page, c);
+  await Settled(page, c, 700);
   assert.equal(text(), "a日本");
   assert.deepEqual(await Lines(page), ["a日本"]);
 });

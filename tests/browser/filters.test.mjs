@@ -1,12 +1,9 @@
 // Filters made whole on the program itself: by keyboard alone with a criterion of every kind, and with every action.
 import assert from "node:assert/strict";
 import { test } from "node:test";
-import { OpenServer, Run } from "./program.mjs";
+import { Top, Windows } from "./person.mjs";
+import { Data, OpenServer } from "./program.mjs";
 import { Until } from "./support.mjs";
-
-const Count = (page) => page.locator("dialog[open]").count();
-const Top = (page) => page.locator("dialog[open]").last();
-const Data = (folder) => JSON.parse(Run("data", "export", "--data", folder));
 
 // Presses Tab until a place has the focus.
 async function TabTo(page, selector) {
@@ -21,10 +18,6 @@ const Control = (page, name) => TabTo(page, `dialog[open] [data-control="${name}
 
 async function Keys(page, ...keys) {
   for (const key of keys) await page.keyboard.press(key);
-}
-
-async function Windows(page, count) {
-  await Until(async () => (await Count(page)) === count, `${count} windows`);
 }
 
 // By the row of the list: what is done in the dialog behind the tick, and what is stored.

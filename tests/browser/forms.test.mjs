@@ -2,13 +2,8 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import { Find, Form } from "./model.mjs";
-import { Open, Until } from "./support.mjs";
+import { Open, Told, Until } from "./support.mjs";
 import * as s from "./states.mjs";
-
-async function Told(c, events) {
-  await Until(() => c.told.length >= events.length, JSON.stringify(events));
-  assert.deepEqual(c.told, events);
-}
 
 const Focused = (page) =>
   page.evaluate(() => {

@@ -1,6 +1,5 @@
-// What a person finds and does on the page of the program.
+// What a person finds and does on the page.
 import assert from "node:assert/strict";
-import { Run } from "./program.mjs";
 import { Until } from "./support.mjs";
 
 export const Node = (page, name, nth = 0) => page.locator(".node", { hasText: name }).nth(nth);
@@ -8,11 +7,12 @@ export const Row = (page, name) => page.locator(".pane-list .row", { hasText: na
 export const Bar = (page, name) => page.getByRole("toolbar").getByRole("button", { name, exact: true });
 export const Top = (page) => page.locator("dialog[open]").last();
 export const Control = (page, name) => Top(page).locator(`[data-control="${name}"]`);
-export const Data = (folder) => JSON.parse(Run("data", "export", "--data", folder));
+export const Sheet = (page, button) => page.locator(`#sheet [data-sheet=${button}]`);
+export const Count = (page) => page.locator("dialog[open]").count();
 
 // Waits until so many windows are open.
 export async function Windows(page, count) {
-  await Until(async () => (await page.locator("dialog[open]").count()) === count, `${count} windows`);
+  await Until(async () => (await Count(page)) === count, `${count} windows`);
 }
 
 // Presses a button of the window in front that ends in so many windows.

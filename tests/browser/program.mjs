@@ -16,6 +16,9 @@ export function Run(...args) {
   return execFileSync(program, args, { encoding: "utf8" });
 }
 
+// The rows of a server's data directory.
+export const Data = (folder) => JSON.parse(Run("data", "export", "--data", folder));
+
 const FillDemo = (data) => Run("init", "--data", data, "--demo");
 
 async function Directory(t, fill) {

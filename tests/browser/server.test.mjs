@@ -1,16 +1,13 @@
 // A user's way through the program itself: two servers, their filters, enable, disable, add, rename, delete.
 import assert from "node:assert/strict";
 import { test } from "node:test";
-import { OpenServer, Run } from "./program.mjs";
+import { Bar, Node, Row } from "./person.mjs";
+import { Data, OpenServer } from "./program.mjs";
 import { Until } from "./support.mjs";
 
 function Filters(data) {
-  return JSON.parse(Run("data", "export", "--data", data)).filters.filter((f) => f.Postoffice === "");
+  return Data(data).filters.filter((f) => f.Postoffice === "");
 }
-
-const Node = (page, name, nth = 0) => page.locator(".node", { hasText: name }).nth(nth);
-const Row = (page, name) => page.locator(".pane-list .row", { hasText: name });
-const Bar = (page, name) => page.getByRole("toolbar").getByRole("button", { name, exact: true });
 
 async function Status(page, name, status) {
   await Until(async () => (await Row(page, name).locator(".cell").nth(1).innerText()).trim() === status, `${name} ${status}`);

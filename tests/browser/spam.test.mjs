@@ -3,8 +3,8 @@ import assert from "node:assert/strict";
 import { existsSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { test } from "node:test";
-import { Answer, Bar, Control, Data, FocusOn, Node, Press, Row, Shows, Top, Windows, Write } from "./person.mjs";
-import { OpenServer, Run } from "./program.mjs";
+import { Answer, Bar, Control, FocusOn, Node, Press, Row, Sheet, Shows, Top, Windows, Write } from "./person.mjs";
+import { Data, OpenServer, Run } from "./program.mjs";
 import { Until } from "./support.mjs";
 
 const Golden = (name) => readFileSync(new URL(`golden/${name}`, import.meta.url), "latin1");
@@ -134,8 +134,6 @@ async function OpenThresholds(page) {
   await Bar(page, "Properties").click();
   await Windows(page, 1);
 }
-
-const Sheet = (page, button) => page.locator(`#sheet [data-sheet=${button}]`);
 
 async function Apply(page) {
   await Sheet(page, "apply").click();

@@ -1,4 +1,5 @@
 // A page of the front end with a console behind it that the test plays, and everything unexpected made a failure.
+import assert from "node:assert/strict";
 import { mkdir, mkdtemp, readFile, rm } from "node:fs/promises";
 import { execFileSync } from "node:child_process";
 import { createServer } from "node:http";
@@ -186,7 +187,21 @@ export async function Open(t, { state = State(), react = Ordinary, delay = 0, ex
   return { page, console: console_, context };
 }
 
-// Waits until the front end has no question left.
+// The console has been told these events and no others.
+export async function Told(c, events) {
+  await Until(() => c.told.length >= events.length, JSON.stringify(events));
+  assert.deepEqual(c.told, events);
+}
+
+// Waits until no event has come for a while.
+export async function Settled(page, c, milliseconds) {
+  for (let before = -1; before !== c.events.length; ) {
+    before = c.events.length;
+    await page.waitForTimeout(milliseconds);
+  }
+}
+
+// Waits until it is so.
 export async function Until(check, what = "what was expected") {
   const end = Date.now() + 5000;
   for (;;) {

@@ -24,8 +24,6 @@ std::string Raised(const std::function<void()>& step) {
   return "nothing";
 }
 
-// --- delete ---
-
 class Delete : public testing::Test {
  protected:
   void SetUp() override {
@@ -111,8 +109,6 @@ TEST_F(Delete, ARefusalIsSilent) {
   EXPECT_EQ(run.pane.redisplays.size(), 1u);
 }
 
-// --- enable, disable ---
-
 class Status : public testing::Test {
  protected:
   void SetUp() override { run.store.server().filters = {{"FLT1", "CRT1", "act", "One", "note", 0, "", ""}}; }
@@ -163,8 +159,6 @@ TEST_F(Status, AnErrorGoesToTheConsolesRuntime) {
   EXPECT_EQ(run.registry.TakeReloads(), 0);
   EXPECT_THAT(run.console.messages, IsEmpty());
 }
-
-// --- the reset of the spam weights ---
 
 class Reset : public testing::Test {
  protected:

@@ -144,8 +144,6 @@ TEST_F(FilterItem, SelectsTheNameWhenTheTabKeyBringsTheFocus) {
   });
 }
 
-// --- an edit ---
-
 class FilterEdit : public test::ItemDialog {};
 
 TEST_F(FilterEdit, ShowsTheFilterInHand) {

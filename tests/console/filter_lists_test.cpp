@@ -13,8 +13,6 @@ using test::ShownMessage;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// --- rows ---
-
 TEST(FilterRows, CarryKeyTagIconAndSubItems) {
   ConsoleRun run;
   run.Add("FLT01", "Zulu");
@@ -102,8 +100,6 @@ TEST(SpamRows, AreThoseOfTheDefaults) {
   EXPECT_EQ(run.pane.view.ListView.Tag, "SYSFILTERS");
 }
 
-// --- the sort callback ---
-
 class Compare : public testing::Test {
  protected:
   // Compares two texts in a column of that key.
@@ -182,8 +178,6 @@ TEST(Sorting, TheFilterListKeepsStoreOrder) {
                                          result);
   EXPECT_EQ(result, 0);
 }
-
-// --- double click ---
 
 class DoubleClick : public testing::Test {
  protected:

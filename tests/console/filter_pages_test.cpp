@@ -76,8 +76,6 @@ TEST_F(Pages, OfAnEmptyListAClickDisablesMovesAndEdit) {
   EXPECT_EQ(Enabled(mailbox), "Add");
 }
 
-// --- the switch ---
-
 TEST_F(Pages, ReadTheSwitchFromTheOptionOfTheirScope) {
   run.store.server().options = {{2, "abc/joe", "MailBox-MailboxRulesStatus", " 1 "},
                                 {1, "abc", "Postoffice-PostofficeRulesStatus", "1"}};

@@ -33,8 +33,6 @@ Selection OfNothing(int type) {
   return selection;
 }
 
-// --- expansion ---
-
 TEST(Expand, AMachineGetsItsTwoBranchesAndItsServerIsTaken) {
   ConsoleRun run;
   FakeData data;
@@ -91,8 +89,6 @@ TEST(Filtering, HasTwoMethodsThatDoNothing) {
   EXPECT_EQ(run.filtering.EditRule(), "");
   EXPECT_EQ(run.filtering.EditTask(), "");
 }
-
-// --- pages of the server's own nodes ---
 
 TEST(ExtensionPages, AMailboxGetsItsPageWithScopeAndHost) {
   ConsoleRun run;
@@ -151,8 +147,6 @@ TEST(ExtensionPages, AnErrorComesInAnOrdinaryBox) {
                                        MessageIcon::Critical, MessageButtons::Ok}));
   EXPECT_THAT(run.console.messages, IsEmpty());
 }
-
-// --- pages and verbs ---
 
 TEST(SpamPage, IsOfferedOnTheSpamNodeAlone) {
   ConsoleRun spam("nodSpamProtection"), filters;
@@ -272,8 +266,6 @@ TEST(Refresh, AnErrorIsTold) {
   EXPECT_THAT(run.console.messages,
               ElementsAre(ShownMessage{"Error refreshing view: No view.", "", MessageIcon::None, MessageButtons::Ok}));
 }
-
-// --- the pages by name ---
 
 TEST(SnapInControl, MakesItsThreePages) {
   test::TestRun run;

@@ -111,8 +111,6 @@ TEST_F(CriteriaLoad, AnErrorIsTheCallersAffair) {
   EXPECT_THROW(Load(), RuntimeError);
 }
 
-// --- check boxes, where a front end shows them ---
-
 class CriteriaCheck : public test::CriteriaRows {};
 
 TEST_F(CriteriaCheck, WritesTheRowAsItWasWithItsNewStatus) {

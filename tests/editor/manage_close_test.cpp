@@ -93,8 +93,6 @@ TEST_F(ManageClose, TheCloseBoxKeepsTheFile) {
   EXPECT_EQ(Both(), "active text, off -");
 }
 
-// --- a remote console ---
-
 TEST_F(ManageClose, OfARemoteConsoleWarnsAndOpensInStandardMode) {
   SwitchScriptingOn();
   run.files.Put(kActive, "text");

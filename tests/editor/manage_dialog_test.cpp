@@ -49,8 +49,6 @@ TEST_F(Manage, HasItsTexts) {
   });
 }
 
-// --- the identifier ---
-
 TEST_F(Manage, RewritesAFilterIdToItsCriteriaForm) {
   const auto nothing = [](Person&) {};
   EXPECT_EQ(Open(nothing, "FLT01AB"), "CRT01AB");
@@ -97,8 +95,6 @@ TEST_F(Manage, AsksTheStoreOfItsHostInItsScope) {
   EXPECT_THAT(run.store.calls, Contains("Task.FindFirstTask@MAIL2(CRT1X)"));
 }
 
-// --- the notice ---
-
 TEST_F(Manage, ShowsTheNoticeWhileFiltersAreOff) {
   Open([&](Person&) {
     EXPECT_EQ(dialog().Height(), 8775);
@@ -120,8 +116,6 @@ TEST_F(Manage, AsksItsHostWhetherFiltersAreOn) {
   run.store.server("MAIL2");
   Open([&](Person&) { EXPECT_EQ(dialog().Height(), 8775); }, "FLT1X", "", "", "MAIL2");
 }
-
-// --- modes ---
 
 TEST_F(Manage, HidesTheOptionsWhereScriptingIsOff) {
   run.files.Put(kActive, "script");
@@ -210,8 +204,6 @@ TEST_F(Manage, EditsTheScriptOfItsFilterAndChangesNothingOnReturn) {
       },
       "FLT1X", "abc");
 }
-
-// --- failures ---
 
 TEST_F(Manage, AStoreThatRaisesIsTheCallersAffairAndTheNextOpeningIsSound) {
   SwitchScriptingOn();
