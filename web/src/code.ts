@@ -1,16 +1,7 @@
 import { html, nothing, render, type TemplateResult } from "lit/html.js";
+import type { CodeModel } from "./codemodel.ts";
 import type { CodeEditor, Mount } from "./editor.ts";
-import type { TextControl } from "./protocol.ts";
-import type { FormPort } from "./session.ts";
 import { Shown, Synchronized } from "./textbox.ts";
-
-export interface CodeModel {
-  control: TextControl;
-  port: FormPort;
-  id: string;
-  label: string;
-  lines: number;
-}
 
 const kEditor = "/editor.js";
 let mount: Mount | null = null;

@@ -2,7 +2,7 @@
 import { isolateHistory } from "@codemirror/commands";
 import { Annotation, Compartment, EditorState, type Extension } from "@codemirror/state";
 import { EditorView } from "@codemirror/view";
-import type { CodeModel } from "./code.ts";
+import type { CodeModel } from "./codemodel.ts";
 import { Extensions } from "./editorsetup.ts";
 import type { Fault } from "./fault.ts";
 import { FaultMark, MarkFault } from "./faultmark.ts";
