@@ -18,8 +18,12 @@ Managed::~Managed() {
 }
 
 Context::Context(std::size_t memory_limit, std::size_t string_limit, const std::atomic<bool>* interrupt,
-                 std::uint64_t step_limit)
-    : limit_(memory_limit), string_limit_(string_limit), interrupt_(interrupt), step_limit_(step_limit) {}
+                 std::uint64_t step_limit, std::uint64_t match_limit)
+    : limit_(memory_limit),
+      string_limit_(string_limit),
+      interrupt_(interrupt),
+      step_limit_(step_limit),
+      match_limit_(match_limit) {}
 
 Context::~Context() = default;
 

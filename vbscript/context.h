@@ -38,7 +38,7 @@ class Managed : public Counted {
 class Context {
  public:
   Context(std::size_t memory_limit, std::size_t string_limit, const std::atomic<bool>* interrupt,
-          std::uint64_t step_limit);
+          std::uint64_t step_limit, std::uint64_t match_limit);
   Context(const Context&) = delete;
   Context& operator=(const Context&) = delete;
   virtual ~Context();
@@ -78,6 +78,8 @@ class Context {
   }
 
   std::size_t string_limit() const noexcept { return string_limit_; }
+  // How often one search of a regular expression may go back.
+  std::uint64_t match_limit() const noexcept { return match_limit_; }
   char16_t decimal_mark() const noexcept { return decimal_mark_; }
 
   // The value of an object's default property; raises 438, or 91 for Nothing.
@@ -102,6 +104,7 @@ class Context {
   std::size_t used_ = 0;
   const std::atomic<bool>* interrupt_;
   std::uint64_t step_limit_;
+  std::uint64_t match_limit_;
   std::uint64_t steps_ = 0;
   int countdown_ = kPollEvery;
   bool destroying_ = false;

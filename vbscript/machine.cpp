@@ -22,7 +22,7 @@ std::size_t StackSize(const EngineOptions& options) {
 }  // namespace
 
 Machine::Machine(const EngineOptions& options)
-    : Context(options.memory_limit, options.string_limit, options.interrupt, options.step_limit),
+    : Context(options.memory_limit, options.string_limit, options.interrupt, options.step_limit, options.match_limit),
       options_(options),
       library_(atoms_),
       stack_(static_cast<Value*>(std::calloc(StackSize(options), sizeof(Value)))),

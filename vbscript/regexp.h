@@ -26,7 +26,7 @@ class RegExp {
   RegExp(std::u16string_view pattern, RegExpFlags flags);
 
   // The leftmost match at or behind `from`: spans[0] is the whole, then one for each group. Polls the context, and
-  // raises 7 when a match would need too much memory.
+  // raises 7 when a match would need too much memory, 5017 when it goes on for too long.
   bool Find(Context& context, std::u16string_view text, std::size_t from, std::vector<Span>& spans) const;
 
   std::size_t groups() const { return groups_; }

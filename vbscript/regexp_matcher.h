@@ -37,6 +37,7 @@ class RegExpMatcher {
   static constexpr std::size_t kDeepestStack = 1U << 21;
   static constexpr std::uint32_t kNowhere = 0xffffffff;
   static constexpr std::uint32_t kEmptyRounds = 1000;
+  static constexpr int kTooMuchToTry = 5017;
 
   using Op = RegExp::Op;
   using Instr = RegExp::Instr;
@@ -91,6 +92,7 @@ class RegExpMatcher {
         stack_.pop_back();
         continue;
       }
+      if (++returns_ > context_.match_limit()) RaiseBare(kTooMuchToTry);
       pc = top.pc;
       if (top.kind == Kind::kChoice) {
         position = top.position;
@@ -285,6 +287,7 @@ class RegExpMatcher {
   std::vector<std::uint32_t> counts_;
   std::vector<std::uint32_t> starts_;
   std::vector<Entry> stack_;
+  std::uint64_t returns_ = 0;
 };
 
 }  // namespace qv::vbscript

@@ -87,6 +87,23 @@ TEST(Limits, AnInterruptCannotBeHandled) {
   EXPECT_EQ(outcome.printed, "");
 }
 
+TEST(Limits, ARegularExpressionThatTriesForEverEnds) {
+  const std::string script =
+      "Set r = New RegExp\nr.Pattern = \"(a+)+$\"\nPrint r.Test(String(40, \"a\"))\nPrint r.Test(String(40, \"a\") & "
+      "\"b\")";
+  EngineOptions options;
+  options.match_limit = 100000;
+  const Outcome outcome = RunScript(script, options);
+  EXPECT_EQ(outcome.printed, "True\n");
+  ASSERT_TRUE(outcome.error);
+  EXPECT_EQ(outcome.error->number, 5017);
+  EXPECT_EQ(outcome.error->line, 4);
+  EXPECT_EQ(Told("On Error Resume Next\n" + script + "\nPrint Err.Number", options), "True\n5017\n");
+  // Places that fail at once cost nothing, however many.
+  options.match_limit = 10;
+  EXPECT_EQ(Told("Set r = New RegExp\nr.Pattern = \"[bc]d\"\nPrint r.Test(String(100000, \"a\"))", options), "False\n");
+}
+
 TEST(Limits, StepsCanBeCounted) {
   EngineOptions options;
   options.step_limit = 100000;
