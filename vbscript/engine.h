@@ -38,7 +38,7 @@ struct EngineOptions {
   int depth_limit = 1024;                 // nested calls; beyond it error 28
   std::uint64_t step_limit = 0;           // rounds, calls and other steps until the interrupt; 0 is no limit
   // Ways of matching that one search of a regular expression may try; beyond it error 5017. It takes seconds.
-  std::uint64_t match_limit = 500'000'000;
+  std::uint64_t match_limit = 100'000'000;
   // Ends the run with error 18, "The script was interrupted", soon after it becomes true. A script cannot handle it.
   const std::atomic<bool>* interrupt = nullptr;
 };
