@@ -194,6 +194,19 @@ test("the action bar holds what the selection offers", async (t) => {
   assert.deepEqual([c.events[chosen - 1].on, c.events[chosen].name], ["node", "mnuFilterAdd"]);
 });
 
+for (const width of [1400, 1100, 1000, 800]) {
+  test(`a selection moves no row, ${width} pixels wide`, async (t) => {
+    const { page } = await Open(t, { viewport: { width, height: 600 } });
+    const bar = page.getByRole("toolbar");
+    await bar.getByRole("button", { name: "New Filter..." }).waitFor();
+    const before = await Row(page, "Newsletters").boundingBox();
+    await Row(page, "Newsletters").click();
+    await bar.getByRole("button", { name: "Disable" }).waitFor();
+    assert.equal((await Row(page, "Newsletters").boundingBox()).y, before.y);
+    await bar.getByRole("button", { name: "Delete" }).waitFor();
+  });
+}
+
 test("headers sort and change their width", async (t) => {
   const { page, console: c } = await Open(t, {
     react: (event, state) => {

@@ -142,6 +142,13 @@ test("what is typed while a command is under way is kept", async (t) => {
   assert.equal(Told(c, "click").length, 1);
 });
 
+test("a new line is indented as the one before it", async (t) => {
+  const { page, code } = await OpenScript(t, { text: "" });
+  await code.click();
+  await page.keyboard.type("If Met Then FilterResult = 1\nDo\nLoop\n    x = 1\n");
+  assert.deepEqual(await Lines(page), ["If Met Then FilterResult = 1", "Do", "Loop", "    x = 1", "    "]);
+});
+
 test("the keys of the dialog and those of the editor", async (t) => {
   const { page, console: c, code } = await OpenScript(t, { text: "If one = one Then" });
   const focused = () => page.evaluate(() => document.activeElement.closest("[data-control]")?.dataset.control);

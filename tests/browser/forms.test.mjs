@@ -183,6 +183,29 @@ test("a message box: focus, keys, and the focus back where the console puts it",
   await Told(c, [clicked("cmdOK"), { do: "answer", button: "ok" }]);
 });
 
+test("the focus stays in a box whose Enter brought up a message", async (t) => {
+  const state = s.State({ dialogs: [structuredClone(s.NameForm())] });
+  const { page, console: c } = await Open(t, {
+    state,
+    react: (event, st) => {
+      Form(event, st);
+      if (event.do === "click") {
+        for (const control of st.dialogs[0].controls) control.focus = control.name === "cmdOK";
+        st.message = s.Message("You must specify a description for the Filter", { title: "Error", icon: "critical" });
+      } else if (event.do === "answer") st.message = null;
+    },
+  });
+  await page.locator("input.text").focus();
+  await page.keyboard.press("Enter");
+  const box = page.getByRole("alertdialog", { name: "Error" });
+  await box.waitFor();
+  await page.keyboard.press("Enter");
+  await box.waitFor({ state: "detached" });
+  await Until(() => c.told.some((event) => event.do === "answer"));
+  assert.equal(Find(c.state, "cmdOK").focus, true);
+  assert.equal(await Focused(page), "txtName");
+});
+
 test("yes and no by their letters; Esc answers neither", async (t) => {
   const message = s.Message("Are you sure?", { title: "Delete", icon: "critical", buttons: ["yes", "no"] });
   const { page, console: c } = await Open(t, {

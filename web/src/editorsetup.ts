@@ -1,4 +1,4 @@
-import { defaultKeymap, history, historyKeymap } from "@codemirror/commands";
+import { defaultKeymap, history, historyKeymap, insertNewlineKeepIndent } from "@codemirror/commands";
 import { bracketMatching, HighlightStyle, indentUnit, StreamLanguage, syntaxHighlighting } from "@codemirror/language";
 import { vbScript } from "@codemirror/legacy-modes/mode/vbscript";
 import { closeSearchPanel, findNext, findPrevious, openSearchPanel, search } from "@codemirror/search";
@@ -43,6 +43,8 @@ const Keys = keymap.of([
   { key: "F3", run: findNext, shift: findPrevious, ...kFindPanel },
   { key: "Mod-g", run: findNext, shift: findPrevious, ...kFindPanel },
   { key: "Escape", run: closeSearchPanel, scope: "editor search-panel" },
+  // The language's own indentation takes an If of one line for an open one, and leaves a Loop where its body stands.
+  { key: "Enter", run: insertNewlineKeepIndent },
   ...historyKeymap,
   ...defaultKeymap.filter(({ key }) => key === undefined || !kLeft.has(key)),
 ]);

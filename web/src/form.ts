@@ -240,7 +240,7 @@ export class FocusKeeper {
       const said = control ? `${form.name}/${control.name}` : null;
       if (said !== this.said && control) {
         const element = Element(dialog, control.name);
-        if (element && !element.contains(document.activeElement) && !Away(dialog)) {
+        if (element && !element.contains(document.activeElement) && !Away(dialog) && !Entered(control)) {
           element.focus();
           element.dispatchEvent(new CustomEvent("tab-focus"));
         }
@@ -257,6 +257,12 @@ export class FocusKeeper {
       .find((element) => element !== null && Focusable(element));
     stop?.focus();
   }
+}
+
+// Whether Enter may have pressed this button from a box that still takes text: the person goes on there.
+function Entered(control: Control): boolean {
+  if (control.kind !== "button" || !control.default) return false;
+  return document.activeElement?.matches("input.text:enabled") ?? false;
 }
 
 // Whether the person is in one of the text windows that stand before the dialog.

@@ -1,4 +1,4 @@
-import { html, type TemplateResult } from "lit/html.js";
+import { html, nothing, type TemplateResult } from "lit/html.js";
 import type { Link } from "./connection.ts";
 import { Icon } from "./icons.ts";
 import { Window } from "./window.ts";
@@ -33,9 +33,10 @@ function WordsFor(link: Link, had: boolean): Words {
   }
 }
 
-// Stands in front of everything while there is no session.
+// Stands in front of everything while there is no session. Its button keeps the focus while a try is under way.
 export function LinkWindow(link: Link, had: boolean, again: () => void): TemplateResult {
   const { title, icon, lines, button } = WordsFor(link, had);
+  const opening = link.at === "opening";
   return Window({
     id: "link",
     kind: `box box-${icon}`,
@@ -46,7 +47,7 @@ export function LinkWindow(link: Link, had: boolean, again: () => void): Templat
       <div id="link-text">${lines.map((line) => html`<p>${line}</p>`)}</div>
     </div>`,
     foot: html`<div class="buttons">
-      <button class="primary" ?disabled=${link.at === "opening"} @click=${again}>${button}</button>
+      <button class="primary" aria-disabled=${opening ? "true" : nothing} @click=${() => opening || again()}>${button}</button>
     </div>`,
     Close: null,
     Key(event) {
