@@ -5,7 +5,7 @@
 #include <iterator>
 #include <string>
 
-#include "vbscript/engine.h"
+#include "fuzz/vbscript/run_input.h"
 
 namespace qv::vbscript {
 namespace {
@@ -17,17 +17,7 @@ TEST(Regressions, FuzzerFindingsEnd) {
     std::ifstream file(entry.path(), std::ios::binary);
     const std::string input((std::istreambuf_iterator<char>(file)), {});
     ASSERT_FALSE(input.empty()) << entry.path();
-    EngineOptions options;
-    options.bracketed_names = (input[0] & 1) != 0;
-    options.procedures_clash = (input[0] & 2) != 0;
-    options.memory_limit = 16U << 20;
-    options.string_limit = 1U << 20;
-    options.depth_limit = 64;
-    options.step_limit = 20000;
-    Engine engine(options);
-    engine.AddCode(input.substr(1));
-    engine.AddCode(input.substr(1));
-    engine.End();
+    RunInput(input);
     ++count;
   }
   EXPECT_GT(count, 0);
